@@ -1,0 +1,30 @@
+# One interface target carries every compiler flag; tavimo_library() makes one static library per folder.
+
+add_library(tavimo_flags INTERFACE)
+target_compile_options(tavimo_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    -Wimplicit-fallthrough -Wextra-semi -Werror)
+target_compile_definitions(tavimo_flags INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
+    QT_NO_FOREACH QT_NO_CONTEXTLESS_CONNECT QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_include_directories(tavimo_flags INTERFACE ${CMAKE_SOURCE_DIR}/src ${CMAKE_BINARY_DIR}/generated)
+if(TAVIMO_SANITIZE)
+    target_compile_options(tavimo_flags INTERFACE
+        -fsanitize=${TAVIMO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(tavimo_flags INTERFACE -fsanitize=${TAVIMO_SANITIZE})
+endif()
+
+# tavimo_library(<name> [WIDGETS] SOURCES <files...> [LINK <targets...>])
+# Without WIDGETS only Qt Core and Network are linked, so that a widget header does not compile there.
+function(tavimo_library name)
+    cmake_parse_arguments(arg "WIDGETS" "" "SOURCES;LINK" ${ARGN})
+    add_library(${name} STATIC ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+    target_link_libraries(${name} PUBLIC tavimo_flags Qt6::Core Qt6::Network ${arg_LINK})
+    if(arg_WIDGETS)
+        target_link_libraries(${name} PUBLIC Qt6::Widgets Qt6::Svg)
+        target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/pch_widgets.h)
+    else()
+        target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/pch_core.h)
+    endif()
+endfunction()

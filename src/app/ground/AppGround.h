@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/InputSources.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+class TAVFile;
+
+/**
+ * The ground that everything stands on: folders, the listing of the languages on disk, dates, the locale's
+ * name, and the keyboard's input sources.
+ */
+class AppGround
+{
+public:
+    virtual ~AppGround() = default;
+
+    /**
+     * The program's own folder, made if it is missing. Must run once before any other folder accessor. When
+     * the system names no folder for application data, an alert tells so and the program is asked to end.
+     */
+    static QString applicationSupportFolder();
+    /** Each makes its folder if it is missing and gives its path; a failure shows at the first write there. */
+    static QString backupFolderPath();
+    static QString vocabularyFolderPath();
+    static QString logsFolderPath();
+    static QString uploadFolderPath();
+    static QString downloadFolderPath();
+
+    /**
+     * One entry for each vocabulary file, in the order of the folder. A file whose name ends in a closing
+     * parenthesis before its extension is a conflicted copy: it is deleted, not listed.
+     */
+    static QList<std::shared_ptr<TAVFile>> loadAllAvailableLanguages();
+    static QStringList loadAllAvailableLanguagePaths();
+
+    /** Local midnight of today. */
+    static QDateTime todaysDate();
+    /** Localised phrase of the time between then and now, in either direction. An invalid date: never. */
+    static QString timeSinceDate(const QDateTime &date);
+    /** The user's language by its own name, without its region. */
+    static QString selectedLocaleName();
+    /** The name without what stands from its first opening parenthesis on, trimmed. */
+    static QString nameWithoutRegion(const QString &localeDisplayName);
+
+    /** The selectable input sources; the list is remembered for namesForInputSources(). */
+    static QList<platform::InputSourceRef> allInputSources(bool includeAllInstalled);
+    /** As many names as the given list is long, of the sources that allInputSources() gave last. */
+    static QStringList namesForInputSources(const QList<platform::InputSourceRef> &sources);
+
+    /** Forgets the paths and lists that live for a run, so that a test can start anew. */
+    static void resetForTest();
+};

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QDateTime>
+#include <QTimeZone>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+class QObject;
+
+namespace platform {
+
+/** A running timer. Destroying it invalidates it: nothing is called afterwards. */
+class Timer
+{
+public:
+    Timer() = default;
+    Timer(const Timer &) = delete;
+    Timer &operator=(const Timer &) = delete;
+    virtual ~Timer() = default;
+};
+
+/**
+ * The time, timers and delayed calls of the program. Nothing else uses QTimer or the system time, so that a
+ * test can set and advance the time. Timers belong to the main thread; now() and timeZone() to any.
+ */
+class Clock
+{
+public:
+    virtual ~Clock() = default;
+
+    /** The present moment, in UTC. */
+    virtual QDateTime now() const = 0;
+    /** The user's time zone. */
+    virtual QTimeZone timeZone() const = 0;
+    /** Calls fire once after the interval, or again and again if repeats is set. The caller owns the timer. */
+    [[nodiscard]] virtual std::unique_ptr<Timer> startTimer(std::chrono::milliseconds interval, bool repeats,
+                                                            std::function<void()> fire) = 0;
+    /** Calls once after the delay on the main thread, unless the context was destroyed before. */
+    virtual void callAfter(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) = 0;
+
+    /** Holds all timers and delayed calls while a modal alert stands; what fell due runs after release(). */
+    virtual void hold() = 0;
+    virtual void release() = 0;
+};
+
+/** Whole seconds from 1970-01-01 00:00:00 UTC to now. */
+qint64 secondsSince1970(const Clock &clock);
+
+std::unique_ptr<Clock> makeSystemClock();
+
+} // namespace platform

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace platform {
+
+/**
+ * The user-visible text of a key in a table, in the user's language, else in English, else the key itself.
+ * A number fills %n and picks the plural form; %1, %2, ... are left for the caller to fill.
+ */
+QString localized(const char *table, const char *key, const char *comment = nullptr, int n = -1);
+
+/** The same for a key of the default table, which is named "Default". */
+QString localized(const char *key);
+
+/** Loads English and, above it, the texts of the given locale's language. Ends with the application object. */
+void installTexts(const QString &localeName);
+
+} // namespace platform

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "model/TAVLexicon.h"
+
+#include <QString>
+#include <QUrl>
+
+/** Loads and saves vocabulary files, and keeps their backups. Failures show their own alerts. */
+class TAVStorageManager
+{
+public:
+    static constexpr const char *extension = "tavv";
+
+    /** "<foreign> - <your>", also the name of the vocabulary's file. */
+    static QString displayNameForVocabulary(const TAVLexicon &vocabulary);
+    /**
+     * The file's path in the vocabulary folder. Empty for names that would lead out of that folder, whatever a
+     * file says of them; a save to an empty path fails with its alert.
+     */
+    static QString savePathForVocabulary(const TAVLexicon &vocabulary);
+    static QUrl saveUrlForVocabularyWithName(const QString &name);
+
+    /** The ordinary save, after each change. False when nothing was written or the write failed. */
+    static bool saveVocabulary(const TAVLexiconRef &vocabulary);
+    static bool saveVocabularyToTAVVFile(const TAVLexiconRef &vocabulary, const QString &path);
+    static bool saveVocabularyToLXAFile(const TAVLexiconRef &vocabulary, const QString &path);
+
+    /** Chooses the form by the extension. Absent when the file cannot be had. */
+    static TAVLexiconRef vocabularyFromFile(const QString &path);
+    static TAVLexiconRef vocabularyFromTAVVFile(const std::optional<QString> &path);
+    static TAVLexiconRef vocabularyFromLXAFile(const std::optional<QString> &path);
+
+    /** Deletes old backups in the background; returns at once. */
+    static void tidyBackups();
+
+    /** Forgets the last backup of the run. */
+    static void resetForTest();
+};

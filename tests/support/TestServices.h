@@ -1,0 +1,198 @@
+#pragma once
+
+#include "platform/OrderedSet.h"
+#include "platform/Services.h"
+
+#include <QHash>
+#include <QPointer>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <deque>
+#include <gtest/gtest.h>
+#include <map>
+
+/** Time stands still until a test advances it; what falls due on the way runs in order. */
+class TestClock : public platform::Clock
+{
+public:
+    TestClock();
+    QDateTime now() const override { return m_now; }
+    QTimeZone timeZone() const override { return m_timeZone; }
+    std::unique_ptr<platform::Timer> startTimer(std::chrono::milliseconds interval, bool repeats,
+                                                std::function<void()> fire) override;
+    void callAfter(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) override;
+    void hold() override { ++m_holds; }
+    void release() override { --m_holds; }
+
+    void setNow(const QDateTime &now) { m_now = now.toUTC(); }
+    void setTimeZone(const QTimeZone &zone) { m_timeZone = zone; }
+    void advance(std::chrono::milliseconds span);
+    void advanceSeconds(double seconds);
+    /** Timers and delayed calls that wait. */
+    int pendingCount() const { return int(m_entries.size()); }
+    bool isHeld() const { return m_holds > 0; }
+
+private:
+    struct Entry {
+        std::function<void()> call;
+        std::chrono::milliseconds interval;
+        bool repeats = false;
+        bool hasContext = false;
+        QPointer<QObject> context;
+    };
+    class Handle;
+    quint64 add(std::chrono::milliseconds delay, Entry entry);
+
+    QDateTime m_now;
+    QTimeZone m_timeZone;
+    quint64 m_nextId = 1;
+    int m_holds = 0;
+    /** By due time, then by order of arming. */
+    std::map<std::pair<qint64, quint64>, Entry> m_entries;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+class TestSettings : public platform::Settings
+{
+public:
+    QVariant value(const QString &key) const override;
+    void setValue(const QString &key, const QVariant &value) override;
+    void remove(const QString &key) override { m_values.remove(key); }
+    void registerDefaults(const QVariantMap &defaults) override;
+    void synchronize() override { ++synchronizeCount; }
+
+    const QHash<QString, QVariant> &stored() const { return m_values; }
+    int synchronizeCount = 0;
+    /** What was written, in order, as "key". */
+    QStringList writtenKeys;
+
+private:
+    QHash<QString, QVariant> m_values;
+    QVariantMap m_defaults;
+};
+
+/** Answers alerts from a script; an alert without a scripted answer gets its first button. */
+class TestAlerts : public platform::Alerts
+{
+public:
+    int show(const platform::Alert &alert) override;
+    void answerNext(int button) { m_answers.push_back(button); }
+    QList<platform::Alert> shown;
+
+private:
+    std::deque<int> m_answers;
+};
+
+/** Numbers from a script, then from a simple generator with a fixed start. */
+class TestRandom : public platform::RandomSource
+{
+public:
+    quint32 next() override;
+    std::deque<quint32> script;
+    quint64 state = 88172645463325252ULL;
+};
+
+/** Background tasks and queued calls wait until the test drains them, on the calling thread. */
+class TestQueues : public platform::Queues
+{
+public:
+    void mainAsync(QObject *context, platform::Task task) override;
+    void globalAsync(platform::Task task) override;
+    std::unique_ptr<platform::SerialQueue> makeSerialQueue(const QString &label) override;
+    /** Runs everything that waits, also what is added meanwhile. */
+    void drain();
+
+private:
+    std::deque<platform::Task> m_tasks;
+};
+
+class TestFolders : public platform::Folders
+{
+public:
+    explicit TestFolders(const QString &root) : m_root(root) {}
+    QStringList applicationSupportDirectories() const override;
+    QString cacheDirectory() const override { return m_root + QLatin1String("/cache"); }
+    QString configDirectory() const override { return m_root + QLatin1String("/config"); }
+    QString runtimeDirectory() const override { return m_root; }
+    bool hasApplicationSupport = true;
+
+private:
+    QString m_root;
+};
+
+class TestBrowser : public platform::Browser
+{
+public:
+    void openFolder(const QString &path) override { openedFolders.append(path); }
+    void openUrl(const QUrl &url) override { openedUrls.append(url); }
+    QStringList openedFolders;
+    QList<QUrl> openedUrls;
+};
+
+/** Sources that the test names; remembers the switches by id. */
+class TestInputSources : public platform::InputSources
+{
+public:
+    QList<platform::InputSourceRef> createInputSourceList(bool includeAllInstalled) override;
+    platform::InputSourceRef currentKeyboardLayoutInputSource() override { return current; }
+    void selectInputSource(const platform::InputSourceRef &source) override;
+    platform::InputSourceRef add(const QString &id, bool isSelectCapable = true);
+    QList<platform::InputSourceRef> sources;
+    platform::InputSourceRef current;
+    QStringList selected;
+};
+
+class TestDesktop : public platform::Desktop
+{
+public:
+    Application frontmostApplication() override { return frontmost; }
+    void activateApplication(Application application) override { activated.append(application); }
+    void raiseAboveAll(quintptr windowId) override { raised.append(windowId); }
+    bool canRaiseAboveAll() const override { return canRaise; }
+    void notify(const QString &title, const QString &text, std::function<void()> chosen) override;
+    Application frontmost = 4711;
+    QList<Application> activated;
+    QList<quintptr> raised;
+    bool canRaise = true;
+    QStringList notifications;
+    std::function<void()> notificationChosen;
+};
+
+class TestSystemLog : public platform::SystemLog
+{
+public:
+    void write(platform::SystemLogLevel level, const QString &text) override;
+    QList<std::pair<platform::SystemLogLevel, QString>> lines;
+};
+
+/** Installs substitutes for all services, with folders of their own, for the life of one test. */
+class TestServices
+{
+public:
+    TestServices();
+    ~TestServices();
+
+    QTemporaryDir directory;
+    TestClock clock;
+    TestSettings settings;
+    TestAlerts alerts;
+    TestRandom random;
+    TestQueues queues;
+    TestFolders folders;
+    TestBrowser browser;
+    TestInputSources inputSources;
+    TestDesktop desktop;
+    platform::Reachability reachability;
+    TestSystemLog systemLog;
+    QStringList diagnosticLines;
+
+private:
+    platform::Services m_previous;
+};
+
+class ServicesTest : public ::testing::Test
+{
+protected:
+    TestServices services;
+};

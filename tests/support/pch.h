@@ -1,0 +1,8 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QtCore>
+
+#include <memory>
+#include <vector>

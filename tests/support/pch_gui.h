@@ -1,0 +1,6 @@
+#pragma once
+
+#include "pch.h"
+
+#include <QtTest>
+#include <QtWidgets>
