@@ -2,9 +2,9 @@
 
 #include "model/TAVRandom.h"
 #include "model/TAVWord.h"
+#include "model/TagsIndex.h"
 #include "platform/InputSources.h"
 
-#include <QHash>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
@@ -53,8 +53,12 @@ public:
     void batchAddWords(const TAVWordList &words);
     /** Removes that very object. Absent is ignored. */
     void removeWord(const TAVWordRef &word);
+    /** The same for many at once, at the cost of one. */
+    void removeWords(const TAVWordList &words);
     /**
-     * Puts words back that were removed, with all their fields, ids included, and rebuilds what is derived.
+     * Puts words back that were removed, the same objects with all their fields, ids included, and rebuilds
+     * what is derived. Leaves out a word that has come back meanwhile, as after a sync: one that stands here
+     * itself, or as another object with its id and its two texts.
      */
     void restoreWords(const TAVWordList &words);
 
@@ -105,12 +109,13 @@ public:
     // Tags and synonyms
 
     const TAVTextSet &allTags() const;
-    void buildTagsIndex();
+    /** To be called after any change of a word's tags that is not made by this class. */
+    void buildTagsIndex() { indexTags(); }
     /** Tags that begin with exactly this prefix and are longer, the most used first; absent if none. */
     std::optional<QStringList> completionTagsForPrefix(const QString &prefix) const;
     /** Words that share a text with another word, as far as the set was last brought up to date. */
     const TAVWordSet &synonyms();
-    /** Leaves allWords() sorted by the foreign words. */
+    /** To be called after any change of a word's texts. Leaves allWords() sorted by the foreign words. */
     void buildSynonyms();
     void updateSynonymsWithWord(const TAVWordRef &word);
     /** Words that share exactly one of the two texts with this word. */
@@ -121,11 +126,15 @@ public:
 
     // Bringing words together. The other vocabulary must not be used afterwards: its words may have moved.
 
-    /** Merges another version of this vocabulary, word by word, by id. */
+    /**
+     * Merges another version of this vocabulary, word by word, by id. The first word of the other that is new
+     * here, edited later or higher lets all words behind it win too.
+     */
     void mergeWithOtherVersion(TAVLexicon &other);
-    /** Takes in the words that are not here yet, with new ids. */
+    /** Takes in the words that are not here yet by their two texts, with new ids. */
     void joinWithVocabulary(TAVLexicon &other, bool addAllToUnknown);
-    /** Gives the number of removed words. */
+    /** Of words with the same two texts, keeps the one of highest level. Gives the number of removed words.
+     */
     qint64 deleteDuplicates();
 
     // State and settings
@@ -173,13 +182,16 @@ private:
     using LevelLists = std::array<std::optional<TAVWordList>, numberOfLevels>;
 
     void buildLevelLists() const;
+    void indexTags() const;
     void takeIn(const TAVWordRef &word);
     void rebuildAfterBatch();
+    /** Drops words that another vocabulary owns from now on. */
+    void handOver(const TAVWordList &words);
     /** The common end of both readers: joins the lists, gives ids where none are. */
     void adoptReadLists(LevelLists lists);
     void resolveInputSources();
 
-    mutable std::optional<QHash<QString, QStringList>> m_tagsIndexDict;
+    mutable std::optional<TagsIndex> m_tagsIndexDict;
     TAVWordList m_allWords;
     mutable LevelLists m_wordsByLevel;
     mutable std::optional<TAVWordList> m_wordsLevel5WithoutDontAsk;

@@ -14,8 +14,7 @@ namespace platform {
  * the same. Small sets are searched one by one, larger ones through an index. Pointers are compared by
  * identity.
  */
-template <typename T>
-class OrderedSet
+template <typename T> class OrderedSet
 {
 public:
     using const_iterator = typename QList<T>::const_iterator;
@@ -27,13 +26,15 @@ public:
         for (const T &member : members)
             insert(member);
     }
-    template <typename Iterator>
-    OrderedSet(Iterator first, Iterator last)
+    template <typename Iterator> OrderedSet(Iterator first, Iterator last)
     {
         for (; first != last; ++first)
             insert(*first);
     }
-    explicit OrderedSet(const QList<T> &members) : OrderedSet(members.begin(), members.end()) {}
+    explicit OrderedSet(const QList<T> &members)
+        : OrderedSet(members.begin(), members.end())
+    {
+    }
 
     bool contains(const T &member) const
     {
@@ -61,6 +62,13 @@ public:
         else
             m_index.clear();
         return true;
+    }
+    /** Removes all members for which the test holds, in one pass. */
+    template <typename Test> void removeIf(Test test)
+    {
+        const qsizetype removed = m_members.removeIf(test);
+        if (removed > 0 && !m_index.isEmpty())
+            m_index = m_members.size() > smallSize ? QSet<T>(m_members.begin(), m_members.end()) : QSet<T>();
     }
     void clear()
     {

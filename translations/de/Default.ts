@@ -3,5 +3,13 @@
 <TS version="2.1" language="de">
 <context>
     <name>Default</name>
+    <message>
+        <source>unknownLanguage</source>
+        <translation>Unbekannte Sprache</translation>
+    </message>
+    <message>
+        <source>yourLanguageName</source>
+        <translation>Deine Sprache</translation>
+    </message>
 </context>
 </TS>

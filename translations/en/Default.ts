@@ -3,5 +3,13 @@
 <TS version="2.1" language="en">
 <context>
     <name>Default</name>
+    <message>
+        <source>unknownLanguage</source>
+        <translation>Unknown language</translation>
+    </message>
+    <message>
+        <source>yourLanguageName</source>
+        <translation>Your language</translation>
+    </message>
 </context>
 </TS>

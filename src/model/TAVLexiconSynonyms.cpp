@@ -1,0 +1,108 @@
+#include "model/TAVLexicon.h"
+#include "model/WordSorting.h"
+#include "platform/DiagnosticLog.h"
+
+void TAVLexicon::indexTags() const
+{
+    m_tagsIndexDict.emplace(m_allWords);
+    m_allTags = m_tagsIndexDict->allTags();
+}
+
+const TAVTextSet &TAVLexicon::allTags() const
+{
+    if (!m_allTags)
+        indexTags();
+    return *m_allTags;
+}
+
+std::optional<QStringList> TAVLexicon::completionTagsForPrefix(const QString &prefix) const
+{
+    platform::diagnosticLog(QStringLiteral("completionTagsForPrefix: %1").arg(prefix));
+    if (!m_tagsIndexDict)
+        indexTags();
+    return m_tagsIndexDict->completions(prefix);
+}
+
+const TAVWordSet &TAVLexicon::synonyms()
+{
+    if (!m_synonyms)
+        buildSynonyms();
+    return *m_synonyms;
+}
+
+void TAVLexicon::buildSynonyms()
+{
+    m_synonyms.emplace();
+    if (m_allWords.size() < 2)
+        return;
+    // Once sorted, words of one text are neighbours: no need to compare all pairs.
+    const auto addEqualNeighbours = [this](const QString &(TAVWord::*text)() const) {
+        for (qsizetype i = 1; i < m_allWords.size(); ++i) {
+            const TAVWordRef &previous = m_allWords.at(i - 1);
+            const TAVWordRef &word = m_allWords.at(i);
+            if (((*previous).*text)() == ((*word).*text)()) {
+                m_synonyms->insert(previous);
+                m_synonyms->insert(word);
+            }
+        }
+    };
+    sortWords(m_allWords, WordOrder::YourLang);
+    addEqualNeighbours(&TAVWord::yourWord);
+    sortWords(m_allWords, WordOrder::ForeignLang);
+    addEqualNeighbours(&TAVWord::foreignWord);
+}
+
+void TAVLexicon::updateSynonymsWithWord(const TAVWordRef &word)
+{
+    if (!word || (word->yourWord().isEmpty() && word->foreignWord().isEmpty()))
+        return;
+    if (!m_synonyms)
+        buildSynonyms();
+    for (const TAVWordRef &other : std::as_const(m_allWords)) {
+        if (other->yourWord() == word->yourWord() || other->foreignWord() == word->foreignWord()) {
+            m_synonyms->insert(other);
+            m_synonyms->insert(word);
+        }
+    }
+}
+
+TAVWordSet TAVLexicon::synonymsForWord(const TAVWord &word)
+{
+    TAVWordSet found;
+    for (const TAVWordRef &other : synonyms()) {
+        const bool sameYourWord = other->yourWord() == word.yourWord();
+        const bool sameForeignWord = other->foreignWord() == word.foreignWord();
+        if (sameYourWord != sameForeignWord)
+            found.insert(other);
+    }
+    return found;
+}
+
+TAVWordList TAVLexicon::wordsWithTags(const TAVTextSet &tags, bool mustHaveAll) const
+{
+    return filteredWords(m_allWords, tags, mustHaveAll);
+}
+
+TAVWordList TAVLexicon::filterWords(const TAVWordList &words, const std::optional<QString> &searchTerm)
+{
+    if (!searchTerm || searchTerm->isEmpty())
+        return words;
+    TAVWordList found;
+    std::copy_if(words.begin(), words.end(), std::back_inserter(found),
+                 [&searchTerm](const TAVWordRef &word) { return word->matchesSearchTerm(searchTerm); });
+    return found;
+}
+
+TAVWordList TAVLexicon::filteredWords(const TAVWordList &words, const TAVTextSet &tags, bool mustHaveAll)
+{
+    if (tags.isEmpty())
+        return words;
+    TAVWordList found;
+    std::copy_if(words.begin(), words.end(), std::back_inserter(found),
+                 [&tags, mustHaveAll](const TAVWordRef &word) {
+                     const auto isOnWord = [&word](const QString &tag) { return word->tags().contains(tag); };
+                     return mustHaveAll ? std::all_of(tags.begin(), tags.end(), isOnWord)
+                                        : std::any_of(tags.begin(), tags.end(), isOnWord);
+                 });
+    return found;
+}
