@@ -1,0 +1,154 @@
+#pragma once
+
+#include "quiz/forms/QuizHub.h"
+#include "quizlet/browser/QuizletPage.h"
+#include "storage/exchange/Exchange.h"
+#include "sync/DropBoxController.h"
+#include "views/HubReceivers.h"
+
+#include <QDateTime>
+#include <QMainWindow>
+#include <QPointer>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+class FirstStartPage;
+class MainMenu;
+class MainToolbar;
+class QStackedWidget;
+class TAVFile;
+class TAVHelpController;
+class TAVLexiconController;
+class TAVUpdateController;
+
+/** The pages of the main window, in the order of the toolbar. */
+enum class MainTab { Vocabulary, Quiz, Quizlet, Statistics, Settings, FirstStartSetup };
+
+/**
+ * The hub: owns the one window with its toolbar, tabs and menus, decides what is seen at start, loads and
+ * swaps the current language, and answers the sync, the settings, the import and the export. It holds no
+ * words: the current vocabulary lives in TAVLexiconController and is read from there each time.
+ *
+ * Main thread only. Everything works with no vocabulary loaded. The composition makes it, hands in the pages
+ * that exist, and calls awakeFromNib().
+ */
+class TAVMainWindowController : public QObject,
+                                public QuizHub,
+                                public DropboxControllerDelegate,
+                                public TAVPreferencesDelegate,
+                                public TAVImporterDelegate,
+                                public TAVExporterDelegate
+{
+    Q_OBJECT
+
+public:
+    TAVMainWindowController();
+    ~TAVMainWindowController() override;
+
+    // What the composition hands in before awakeFromNib(). Not owned; each must outlive this controller's
+    // use. Without them the tabs show a calm line and the menu items stay disabled.
+    void setQuizSetupController(QuizPage *controller);
+    void setQuizletController(QuizletPage *controller);
+    void setStatisticsController(StatisticsPage *controller);
+    void setPreferencesController(PreferencesPage *controller);
+    void setImporter(Importer *importer);
+    /** Makes the exporter at the first export. */
+    void setExporterFactory(std::function<std::unique_ptr<Exporter>(TAVExporterDelegate *)> factory);
+
+    /** Takes over the start: loads the language, or shows the first-start page. Call once. */
+    void awakeFromNib();
+    /** The last step of the program's start. */
+    void applicationDidFinishLaunching();
+    /** The user has re-activated the running program. */
+    void updateViews();
+
+    QMainWindow *mainWindow() const override { return m_mainWindow.get(); }
+    TAVLexiconController *vocabularyController() const { return m_vocabularyController.get(); }
+    TAVHelpController *helpController() const { return m_helpController.get(); }
+    TAVUpdateController *updateController() const { return m_updateController.get(); }
+    bool isInFirstSetupMode() const { return m_isInFirstSetupMode; }
+    /** Invalid until the end of the first sync. */
+    QDateTime vocabularyLastLoadedDate() const { return m_vocabularyLastLoadedDate; }
+    MainTab selectedTab() const;
+
+    // Actions
+    void showVocabulary();
+    void showQuiz();
+    void showQuizlet();
+    void showStatistics();
+    void showPreferences();
+    /** Loads the language whose name languagesPopUp shows. */
+    void selectLanguage();
+    void addNewWord();
+    void import();
+    /** Named export: in the menu; that word is taken in this language. */
+    void exportVocabulary();
+    void visitSupport();
+    void goToAppSupportFolder();
+    void setFirstLanguage();
+    void linkWithDropbox();
+    void changeSelectedSyncService(int column);
+    void getStartedAfterSync();
+
+    void createFirstLanguageWithName(const QString &name);
+    void updateLanguagesPopup();
+    void doSync();
+
+    // QuizHub
+    void disableAllToolbarItems() override;
+    void enableAllToolbarItems() override;
+
+    // DropboxControllerDelegate
+    void dropboxControllerDidFinishSync() override;
+    void dropboxControllerDidLinkSuccessfully() override;
+    void dropboxControllerFailedToLink() override;
+    void dropboxControllerDidDownloadNewFiles() override {}
+
+    // TAVPreferencesDelegate
+    void preferencesDidChangeVocabularyAtPath(const QString &path) override;
+    void preferencesDidDeleteVocabularyAtPath(const QString &path) override;
+    void preferencesDidClose() override;
+
+    // TAVImporterDelegate, TAVExporterDelegate
+    void importDidEnd(Importer *importer) override;
+    void exportDidEnd(Exporter *exporter) override { Q_UNUSED(exporter) }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void buildWindow();
+    void wireMenu();
+    void localize();
+    void setPage(MainTab tab, QWidget *page);
+    void selectTab(MainTab tab);
+    void loadLastLanguage(const QList<std::shared_ptr<TAVFile>> &languages);
+    void selectCurrentLanguageInPopup();
+    void setWindowSizeFromSettings();
+    void rememberWindow();
+    TAVLexiconRef vocabulary() const;
+    /** Where the current vocabulary is saved; empty without one. */
+    QString currentSavePath() const;
+    void showAbout();
+
+    std::unique_ptr<QMainWindow> m_mainWindow;
+    QStackedWidget *m_mainTabView = nullptr;
+    MainToolbar *m_toolbar = nullptr;
+    FirstStartPage *m_firstStartPage = nullptr;
+    std::unique_ptr<TAVLexiconController> m_vocabularyController;
+    std::unique_ptr<TAVHelpController> m_helpController;
+    std::unique_ptr<TAVUpdateController> m_updateController;
+    std::unique_ptr<MainMenu> m_menu;
+    std::unique_ptr<Exporter> m_exporter;
+    std::function<std::unique_ptr<Exporter>(TAVExporterDelegate *)> m_makeExporter;
+    DropBoxController *m_dropboxController = nullptr;
+    Importer *m_importer = nullptr;
+    QuizPage *m_quizSetupController = nullptr;
+    QuizletPage *m_quizletController = nullptr;
+    StatisticsPage *m_statisticsController = nullptr;
+    PreferencesPage *m_preferencesController = nullptr;
+    QDateTime m_vocabularyLastLoadedDate;
+    bool m_isInFirstSetupMode = false;
+};
