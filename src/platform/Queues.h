@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -28,13 +29,27 @@ class Queues
 {
 public:
     virtual ~Queues() = default;
-    /** Runs the task later on the main thread, unless the context was destroyed before. Any thread may ask. */
+    /** Runs the task later on the main thread, unless the context was destroyed before. Any thread may ask.
+     */
     virtual void mainAsync(QObject *context, Task task) = 0;
     /** Runs the task on a background thread. It must not hold up the end of the program. */
     virtual void globalAsync(Task task) = 0;
     virtual std::unique_ptr<SerialQueue> makeSerialQueue(const QString &label) = 0;
+    /**
+     * The end of the background: drops what waits for a background thread, and all that comes later, and
+     * gives the tasks that run this long to end. Whether all ended. If not, the program must leave by
+     * std::_Exit, or a task that is abandoned there would meet a half destroyed program.
+     */
+    virtual bool finish(std::chrono::milliseconds patience)
+    {
+        Q_UNUSED(patience)
+        return true;
+    }
 };
 
+/** To be made on the main thread. */
 std::unique_ptr<Queues> makeSystemQueues();
+/** One of these needs no application object, so it also serves before one exists and after it has gone. */
+std::unique_ptr<SerialQueue> makeSystemSerialQueue(const QString &label);
 
 } // namespace platform

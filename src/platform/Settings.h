@@ -8,8 +8,9 @@
 namespace platform {
 
 /**
- * The settings store. A value of a wrong type reads as if it were absent, as the file can be edited by hand.
- * Keys may hold any character. Belongs to the main thread; reading is safe from any.
+ * The settings store. A value of a wrong type reads as if it were absent, as the file can be edited by hand;
+ * then the registered default counts. Keys may hold any character. Belongs to the main thread; reading is
+ * safe from any.
  */
 class Settings
 {
@@ -22,6 +23,8 @@ public:
     virtual void remove(const QString &key) = 0;
     /** Values that count where nothing is stored; kept in memory only. */
     virtual void registerDefaults(const QVariantMap &defaults) = 0;
+    /** What was registered for the key, else an invalid variant. */
+    virtual QVariant registeredDefault(const QString &key) const = 0;
     /** Writes pending changes out. */
     virtual void synchronize() = 0;
 

@@ -13,7 +13,11 @@ QString localized(const char *table, const char *key, const char *comment = null
 /** The same for a key of the default table, which is named "Default". */
 QString localized(const char *key);
 
-/** Loads English and, above it, the texts of the given locale's language. Ends with the application object. */
+/** The language and region that the user's desktop is set to, like "de-AT"; "en" if none is set. */
+QString userLocaleName();
+
+/** Loads English and, above it, the texts of the given locale's language. Ends with the application object.
+ */
 void installTexts(const QString &localeName);
 
 } // namespace platform

@@ -60,6 +60,7 @@ public:
     void setValue(const QString &key, const QVariant &value) override;
     void remove(const QString &key) override { m_values.remove(key); }
     void registerDefaults(const QVariantMap &defaults) override;
+    QVariant registeredDefault(const QString &key) const override { return m_defaults.value(key); }
     void synchronize() override { ++synchronizeCount; }
 
     const QHash<QString, QVariant> &stored() const { return m_values; }

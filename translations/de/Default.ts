@@ -11,5 +11,75 @@
         <source>yourLanguageName</source>
         <translation>Deine Sprache</translation>
     </message>
+    <message>
+        <source>1 Minute</source>
+        <translation>1 Minute</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Minutes</source>
+        <translation>
+            <numerusform>%n Minute</numerusform>
+            <numerusform>%n Minuten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Hour</source>
+        <translation>1 Stunde</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Hours</source>
+        <translation>
+            <numerusform>%n Stunde</numerusform>
+            <numerusform>%n Stunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Day</source>
+        <translation>1 Tag</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Days</source>
+        <translation>
+            <numerusform>%n Tag</numerusform>
+            <numerusform>%n Tage</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Week</source>
+        <translation>1 Woche</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Weeks</source>
+        <translation>
+            <numerusform>%n Woche</numerusform>
+            <numerusform>%n Wochen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Month</source>
+        <translation>1 Monat</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Months</source>
+        <translation>
+            <numerusform>%n Monat</numerusform>
+            <numerusform>%n Monate</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Year</source>
+        <translation>1 Jahr</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Years</source>
+        <translation>
+            <numerusform>%n Jahr</numerusform>
+            <numerusform>%n Jahre</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>nie</translation>
+    </message>
 </context>
 </TS>

@@ -11,5 +11,75 @@
         <source>yourLanguageName</source>
         <translation>Your language</translation>
     </message>
+    <message>
+        <source>1 Minute</source>
+        <translation>1 minute</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Minutes</source>
+        <translation>
+            <numerusform>%n minute</numerusform>
+            <numerusform>%n minutes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Hour</source>
+        <translation>1 hour</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Hours</source>
+        <translation>
+            <numerusform>%n hour</numerusform>
+            <numerusform>%n hours</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Day</source>
+        <translation>1 day</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Days</source>
+        <translation>
+            <numerusform>%n day</numerusform>
+            <numerusform>%n days</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Week</source>
+        <translation>1 week</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Weeks</source>
+        <translation>
+            <numerusform>%n week</numerusform>
+            <numerusform>%n weeks</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Month</source>
+        <translation>1 month</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Months</source>
+        <translation>
+            <numerusform>%n month</numerusform>
+            <numerusform>%n months</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 Year</source>
+        <translation>1 year</translation>
+    </message>
+    <message numerus="yes">
+        <source>%ld Years</source>
+        <translation>
+            <numerusform>%n year</numerusform>
+            <numerusform>%n years</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>never</translation>
+    </message>
 </context>
 </TS>

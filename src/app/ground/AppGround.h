@@ -26,7 +26,8 @@ public:
      * the system names no folder for application data, an alert tells so and the program is asked to end.
      */
     static QString applicationSupportFolder();
-    /** Each makes its folder if it is missing and gives its path; a failure shows at the first write there. */
+    /** Each makes its folder if it is missing and gives its path; a failure shows at the first write there.
+     */
     static QString backupFolderPath();
     static QString vocabularyFolderPath();
     static QString logsFolderPath();
@@ -46,6 +47,8 @@ public:
     static QString timeSinceDate(const QDateTime &date);
     /** The user's language by its own name, without its region. */
     static QString selectedLocaleName();
+    /** A locale's name like "de-AT", told in its own language: "Deutsch (Österreich)". */
+    static QString localeDisplayName(const QString &localeName);
     /** The name without what stands from its first opening parenthesis on, trimmed. */
     static QString nameWithoutRegion(const QString &localeDisplayName);
 
