@@ -1,0 +1,316 @@
+#include "model/TAVLexicon.h"
+#include "support/TestServices.h"
+#include "support/Words.h"
+
+#include <QRandomGenerator>
+
+using namespace Qt::StringLiterals;
+
+using MergingTest = ServicesTest;
+
+namespace {
+
+/** The rules read plainly, with a scan of the list for every question and a rebuild after every step. */
+class PlainVocabulary
+{
+public:
+    TAVWordList allWords;
+    TAVWordList synonyms;
+
+    void append(const TAVWordRef &word, const TAVLexiconRef &owner)
+    {
+        word->setWeakVocForSort(owner);
+        allWords.append(word);
+    }
+
+    void buildSynonyms()
+    {
+        synonyms.clear();
+        if (allWords.size() < 2)
+            return;
+        sortBy(allWords, &TAVWord::compareYourLang);
+        for (qsizetype i = 1; i < allWords.size(); ++i) {
+            if (allWords[i - 1]->yourWord() == allWords[i]->yourWord())
+                addSynonyms(allWords[i - 1], allWords[i]);
+        }
+        sortBy(allWords, &TAVWord::compareForeignLang);
+        for (qsizetype i = 1; i < allWords.size(); ++i) {
+            if (allWords[i - 1]->foreignWord() == allWords[i]->foreignWord())
+                addSynonyms(allWords[i - 1], allWords[i]);
+        }
+    }
+
+    void addWord(const TAVWordRef &word, qint64 id, const TAVLexiconRef &owner)
+    {
+        word->setCreationID(id);
+        append(word, owner);
+        if (word->yourWord().isEmpty() && word->foreignWord().isEmpty())
+            return;
+        for (const TAVWordRef &other : std::as_const(allWords)) {
+            if (other->yourWord() == word->yourWord() || other->foreignWord() == word->foreignWord())
+                addSynonyms(other, word);
+        }
+    }
+
+    void removeWord(const TAVWordRef &word)
+    {
+        allWords.removeOne(word);
+        synonyms.removeOne(word);
+    }
+
+    void merge(const TAVWordList &others, const TAVLexiconRef &owner)
+    {
+        bool takeOther = false;
+        for (const TAVWordRef &other : others) {
+            TAVWordRef local;
+            for (const TAVWordRef &word : std::as_const(allWords)) {
+                if (!local && word->creationID() == other->creationID())
+                    local = word;
+            }
+            if (!local) {
+                takeOther = true;
+            } else if (other->modificationID() > 0 && other->modificationID() > local->modificationID()) {
+                takeOther = true;
+            } else if (other->level() > local->level()) {
+                takeOther = true;
+            } else if (other->level() == local->level()) {
+                if (other->dontAskAgain())
+                    local->setDontAskAgain(true);
+                if (other->lastAsked().isValid() && local->lastAsked().isValid() &&
+                    local->lastAsked() < other->lastAsked())
+                    local->setLastAsked(other->lastAsked());
+            }
+            if (takeOther) {
+                if (local)
+                    removeWord(local);
+                append(other, owner);
+            }
+        }
+        buildSynonyms();
+    }
+
+    void join(const TAVWordList &others, bool addAllToUnknown, const TAVLexiconRef &owner)
+    {
+        qint64 id = TAVLexicon::batchImportIdForRange(others.size());
+        for (const TAVWordRef &other : others) {
+            if (addAllToUnknown)
+                other->setLevel(0);
+            const bool isHere =
+                std::any_of(allWords.begin(), allWords.end(),
+                            [&other](const TAVWordRef &word) { return word->isEqualToWord(*other); });
+            if (isHere)
+                continue;
+            other->setCreationID(id++);
+            append(other, owner);
+        }
+        buildSynonyms();
+    }
+
+    qint64 deleteDuplicates()
+    {
+        TAVWordList candidates = synonyms;
+        sortBy(candidates, &TAVWord::compareYourLang);
+        QMap<QString, TAVWordList> groups;
+        for (const TAVWordRef &word : std::as_const(candidates))
+            groups[word->foreignWord() + u"-"_s + word->yourWord()].append(word);
+        TAVWordList toDelete;
+        for (const TAVWordList &group : std::as_const(groups)) {
+            TAVWordRef keeper = group[0];
+            for (const TAVWordRef &word : group.mid(1)) {
+                TAVWordRef loser = word;
+                if (word->level() > keeper->level()) {
+                    loser = keeper;
+                    keeper = word;
+                } else if (word->level() == keeper->level() &&
+                           ((keeper->comment().isEmpty() && !loser->comment().isEmpty()) ||
+                            (keeper->tags().isEmpty() && !loser->tags().isEmpty()))) {
+                    std::swap(keeper, loser);
+                }
+                toDelete.append(loser);
+            }
+        }
+        for (const TAVWordRef &word : std::as_const(toDelete))
+            allWords.removeOne(word);
+        buildSynonyms();
+        return toDelete.size();
+    }
+
+private:
+    void addSynonyms(const TAVWordRef &a, const TAVWordRef &b)
+    {
+        for (const TAVWordRef &word : {a, b}) {
+            if (!synonyms.contains(word))
+                synonyms.append(word);
+        }
+    }
+    static void sortBy(TAVWordList &words, int (TAVWord::*compare)(const TAVWord &) const)
+    {
+        std::stable_sort(words.begin(), words.end(), [compare](const TAVWordRef &a, const TAVWordRef &b) {
+            return ((*a).*compare)(*b) < 0;
+        });
+    }
+};
+
+/** Few ids, texts and levels, so that words clash all the time. */
+class RandomWords
+{
+public:
+    explicit RandomWords(quint32 seed)
+        : m_random(seed)
+    {
+    }
+
+    int upTo(int highest) { return int(m_random.bounded(highest + 1)); }
+
+    TAVWordRef word()
+    {
+        static const QStringList texts = {u"a"_s, u"A"_s, u"der a"_s, u"b"_s, u"a-b"_s, u"b-a"_s, QString()};
+        const TAVWordRef made = makeWord(
+            {.yourWord = texts[upTo(6)],
+             .foreignWord = texts[upTo(6)],
+             .level = quint64(upTo(2)),
+             .tags = upTo(1) ? QStringList() : QStringList(u"t"_s),
+             .comment = upTo(1) ? QString() : u"c"_s,
+             .creationID = upTo(5),
+             .lastAsked = upTo(2) ? QDateTime(QDate(2026, 1, 1 + upTo(3)), QTime(), Qt::UTC) : QDateTime(),
+             .dontAskAgain = upTo(4) == 0});
+        made->setModificationID(upTo(1) ? 0 : upTo(2));
+        made->setFallenDownCounter(m_serialNumber++);
+        return made;
+    }
+
+    TAVWordList words(int most)
+    {
+        TAVWordList list;
+        for (int count = upTo(most); count > 0; --count)
+            list.append(word());
+        return list;
+    }
+
+private:
+    QRandomGenerator m_random;
+    /** Stands in a field that these operations never touch, to tell which object has won. */
+    quint64 m_serialNumber = 0;
+};
+
+TAVWordList copiesOf(const TAVWordList &words)
+{
+    TAVWordList copies;
+    for (const TAVWordRef &word : words)
+        copies.append(word->copy());
+    return copies;
+}
+
+QStringList contentsOf(const TAVWordList &words)
+{
+    QStringList lines;
+    for (const TAVWordRef &word : words) {
+        lines.append(u"#%1 id %2 level %3 %4 %5"_s.arg(
+            QString::number(word->fallenDownCounter()), QString::number(word->creationID()),
+            QString::number(word->level()), word->lastAsked().toString(Qt::ISODate),
+            word->dontAskAgain() ? u"excluded"_s : QString()));
+    }
+    return lines;
+}
+
+TAVLexiconRef vocabularyInOrder(const TAVWordList &words)
+{
+    const auto vocabulary = std::make_shared<TAVLexicon>();
+    for (const TAVWordRef &word : words)
+        vocabulary->addWordWithID(word, word->creationID());
+    return vocabulary;
+}
+
+} // namespace
+
+TEST_F(MergingTest, equalsThePlainReadingOnRandomVocabularies)
+{
+    for (quint32 seed = 0; seed < 4000 && !HasFailure(); ++seed) {
+        RandomWords random(seed);
+        const auto vocabulary = std::make_shared<TAVLexicon>();
+        vocabulary->setYourFacultativeWords({u"der"_s});
+        PlainVocabulary plain;
+        for (int step = 1 + random.upTo(4); step > 0 && !HasFailure(); --step) {
+            const TAVWordList words = random.words(7);
+            const TAVWordList copies = copiesOf(words);
+            const int operation = random.upTo(4);
+            if (operation == 0) {
+                const TAVLexiconRef other = vocabularyInOrder(words);
+                other->setYourFacultativeWords({u"der"_s});
+                const TAVWordList order = other->allWords();
+                TAVWordList others;
+                for (const TAVWordRef &word : order)
+                    others.append(copies.at(words.indexOf(word)));
+                vocabulary->mergeWithOtherVersion(*other);
+                plain.merge(others, vocabulary);
+            } else if (operation == 1) {
+                const bool addAllToUnknown = random.upTo(1);
+                const TAVLexiconRef other = vocabularyInOrder(words);
+                TAVWordList others;
+                for (const TAVWordRef &word : other->allWords())
+                    others.append(copies.at(words.indexOf(word)));
+                vocabulary->joinWithVocabulary(*other, addAllToUnknown);
+                plain.join(others, addAllToUnknown, vocabulary);
+                EXPECT_EQ(contentsOf(words), contentsOf(copies));
+            } else if (operation == 2) {
+                EXPECT_EQ(vocabulary->deleteDuplicates(), plain.deleteDuplicates()) << seed;
+            } else if (operation == 3) {
+                for (qsizetype i = 0; i < words.size(); ++i) {
+                    vocabulary->addWordWithID(words[i], words[i]->creationID());
+                    plain.addWord(copies[i], copies[i]->creationID(), vocabulary);
+                }
+            } else if (vocabulary->countAllWords() > 0) {
+                const int index = random.upTo(int(vocabulary->countAllWords()) - 1);
+                vocabulary->removeWord(vocabulary->allWords().at(index));
+                plain.removeWord(plain.allWords.at(index));
+            }
+            EXPECT_EQ(contentsOf(vocabulary->allWords()), contentsOf(plain.allWords))
+                << seed << ' ' << operation;
+            EXPECT_EQ(contentsOf(vocabulary->synonyms().values()), contentsOf(plain.synonyms))
+                << seed << ' ' << operation;
+        }
+    }
+}
+
+TEST_F(MergingTest, firstWordAheadLetsAllBehindItWin)
+{
+    const auto merged = [](const QList<qint64> &idsOfOther) {
+        const TAVLexiconRef vocabulary =
+            makeVocabulary({makeWord({.foreignWord = u"local"_s, .level = 3, .creationID = 2})});
+        TAVLexicon other;
+        for (const qint64 id : idsOfOther)
+            other.addWordWithID(makeWord({.foreignWord = u"other"_s, .level = 1}), id);
+        vocabulary->mergeWithOtherVersion(other);
+        return vocabulary->findWordByID(2)->foreignWord();
+    };
+    EXPECT_EQ(merged({1, 2}), u"other"_s);
+    EXPECT_EQ(merged({2, 1}), u"local"_s);
+}
+
+TEST_F(MergingTest, takenWordsBelongToTheReceiverAlone)
+{
+    const TAVWordRef isNew = makeWord({.foreignWord = u"new"_s, .tags = {u"t"_s}, .creationID = 9});
+    const TAVWordRef refused = makeWord({.foreignWord = u"x"_s, .level = 4, .creationID = 3});
+    const TAVLexiconRef other = makeVocabulary({isNew, refused});
+    const TAVLexiconRef vocabulary = makeVocabulary({makeWord({.foreignWord = u"x"_s, .creationID = 1})});
+    vocabulary->joinWithVocabulary(*other, true);
+    EXPECT_EQ(isNew->weakVocForSort(), vocabulary);
+    EXPECT_EQ(isNew->creationID(), TAVLexicon::currentTime() * 100);
+    EXPECT_EQ(refused->level(), 0U);
+    EXPECT_EQ(other->allWords(), TAVWordList({refused}));
+    EXPECT_EQ(other->level0Words(), TAVWordList({refused}));
+    EXPECT_FALSE(other->allTags().contains(u"t"_s));
+    EXPECT_EQ(vocabulary->countAllWords(), 2);
+    EXPECT_TRUE(vocabulary->allTags().contains(u"t"_s));
+    EXPECT_FALSE(vocabulary->needsSync());
+}
+
+TEST_F(MergingTest, batchKeepsIdsThatAreSet)
+{
+    const TAVWordRef words[] = {makeWord({.creationID = -1}), makeWord({.creationID = 0}),
+                                makeWord({.creationID = 5})};
+    const TAVLexiconRef vocabulary = makeVocabulary({words[0], words[1], words[2]});
+    EXPECT_EQ(words[0]->creationID(), TAVLexicon::currentTime());
+    EXPECT_EQ(words[1]->creationID(), 0);
+    EXPECT_EQ(words[2]->creationID(), 5);
+}
