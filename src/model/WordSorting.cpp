@@ -27,7 +27,7 @@ template <typename Key> void arrange(TAVWordList &words, const std::vector<Key> 
     TAVWordList sorted;
     sorted.reserve(words.size());
     for (const Key &key : keys)
-        sorted.append(words.at(key.index));
+        sorted.append(std::move(words[key.index]));
     words = std::move(sorted);
 }
 

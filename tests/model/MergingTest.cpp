@@ -52,7 +52,7 @@ public:
         }
     }
 
-    void removeWord(const TAVWordRef &word)
+    void removeWord(TAVWordRef word)
     {
         allWords.removeOne(word);
         synonyms.removeOne(word);
@@ -201,7 +201,7 @@ TAVWordList copiesOf(const TAVWordList &words)
     return copies;
 }
 
-QStringList contentsOf(const TAVWordList &words)
+std::string contentsOf(const TAVWordList &words)
 {
     QStringList lines;
     for (const TAVWordRef &word : words) {
@@ -210,7 +210,7 @@ QStringList contentsOf(const TAVWordList &words)
             QString::number(word->level()), word->lastAsked().toString(Qt::ISODate),
             word->dontAskAgain() ? u"excluded"_s : QString()));
     }
-    return lines;
+    return lines.join(u'\n').toStdString();
 }
 
 TAVLexiconRef vocabularyInOrder(const TAVWordList &words)
@@ -229,6 +229,7 @@ TEST_F(MergingTest, equalsThePlainReadingOnRandomVocabularies)
         RandomWords random(seed);
         const auto vocabulary = std::make_shared<TAVLexicon>();
         vocabulary->setYourFacultativeWords({u"der"_s});
+        EXPECT_TRUE(vocabulary->synonyms().isEmpty());
         PlainVocabulary plain;
         for (int step = 1 + random.upTo(4); step > 0 && !HasFailure(); --step) {
             const TAVWordList words = random.words(7);

@@ -148,10 +148,9 @@ TEST_F(TAVStatisticsTest, longHistoryIsHalved)
         const TAVStatistics statistics = history(learned);
         const TAVSnapshotList thinned = statistics.interpolatedSnapshots(30);
         EXPECT_EQ(thinned.size(), left) << entries;
-        if (entries > 0)
-            EXPECT_EQ(thinned.last(), statistics.lastSnapshot());
-        if (entries == 100)
-            EXPECT_EQ(thinned[1]->numberOfAllExceptUnknown(), 4);
+        EXPECT_EQ(thinned.isEmpty() ? nullptr : thinned.last(), statistics.lastSnapshot());
+        const qint64 step = entries == 100 ? 4 : entries < 40 ? 1 : 2;
+        EXPECT_TRUE(thinned.isEmpty() || thinned[1]->numberOfAllExceptUnknown() == step) << entries;
     }
 }
 
