@@ -45,7 +45,7 @@ private:
 class SystemClock : public Clock
 {
 public:
-    QDateTime now() const override { return QDateTime::currentDateTimeUtc(); }
+    QDateTime now() const override { return systemTime(); }
     QTimeZone timeZone() const override { return QTimeZone::systemTimeZone(); }
 
     std::unique_ptr<Timer> startTimer(milliseconds interval, bool repeats,
@@ -122,6 +122,11 @@ private:
 };
 
 } // namespace
+
+QDateTime systemTime()
+{
+    return QDateTime::currentDateTimeUtc();
+}
 
 qint64 secondsSince1970(const Clock &clock)
 {

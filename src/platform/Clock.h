@@ -34,7 +34,8 @@ public:
     virtual QDateTime now() const = 0;
     /** The user's time zone. */
     virtual QTimeZone timeZone() const = 0;
-    /** Calls fire once after the interval, or again and again if repeats is set. The caller owns the timer. */
+    /** Calls fire once after the interval, or again and again if repeats is set. The caller owns the timer.
+     */
     [[nodiscard]] virtual std::unique_ptr<Timer> startTimer(std::chrono::milliseconds interval, bool repeats,
                                                             std::function<void()> fire) = 0;
     /** Calls once after the delay on the main thread, unless the context was destroyed before. */
@@ -44,6 +45,10 @@ public:
     virtual void hold() = 0;
     virtual void release() = 0;
 };
+
+/** The machine's time, in UTC, for what must not depend on an installed clock, like the stamps of log lines.
+ */
+QDateTime systemTime();
 
 /** Whole seconds from 1970-01-01 00:00:00 UTC to now. */
 qint64 secondsSince1970(const Clock &clock);

@@ -205,6 +205,11 @@ private:
 
 } // namespace
 
+QString currentQueueLabel()
+{
+    return currentQueue ? currentQueue->label() : QString();
+}
+
 std::unique_ptr<Queues> makeSystemQueues()
 {
     return std::make_unique<SystemQueues>();

@@ -47,6 +47,9 @@ public:
     }
 };
 
+/** Label of the serial queue in whose task the caller runs; empty outside of one. */
+QString currentQueueLabel();
+
 /** To be made on the main thread. */
 std::unique_ptr<Queues> makeSystemQueues();
 /** One of these needs no application object, so it also serves before one exists and after it has gone. */

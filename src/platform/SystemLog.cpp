@@ -27,7 +27,6 @@ class SyslogSystemLog : public SystemLog
 {
 public:
     SyslogSystemLog() { openlog("tavimo", LOG_PID, LOG_USER); }
-    ~SyslogSystemLog() override { closelog(); }
     void write(SystemLogLevel level, const QString &text) override
     {
         syslog(priority(level), "%s", text.toUtf8().constData());
