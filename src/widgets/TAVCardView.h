@@ -5,7 +5,7 @@
 
 /**
  * The card on which questions and verdicts stand. Split, its left half shows the verdict and its right half
- * the question; its children are placed by layouts of their own.
+ * the question; its children are placed by layouts of their own. It looks the same in every palette.
  */
 class TAVCardView : public QWidget
 {
@@ -16,6 +16,7 @@ public:
 
     bool isSplit() const { return m_isSplit; }
     void setIsSplit(bool split);
+    bool colorRightSide() const { return m_colorRightSide; }
     /** An unsplit card takes the colours of the right half. */
     void setColorRightSide(bool rightSide);
 
@@ -27,19 +28,20 @@ public:
 
     QColor leftStartColor() const { return m_leftStartColor; }
     QColor leftEndColor() const { return m_leftEndColor; }
-
-    /** Draws the card's face without its children. */
-    static void drawFace(QPainter &painter, const QRectF &bounds, bool split, const QColor &leftStart,
-                         const QColor &leftEnd, const QColor &rightStart, const QColor &rightEnd);
+    QColor rightStartColor() const { return m_rightStartColor; }
+    QColor rightEndColor() const { return m_rightEndColor; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void setLeftColors(const QColor &start, const QColor &end);
+    void drawRightHalf(QPainter &painter, const QRectF &card) const;
 
     bool m_isSplit = false;
     bool m_colorRightSide = false;
     QColor m_leftStartColor;
     QColor m_leftEndColor;
+    QColor m_rightStartColor;
+    QColor m_rightEndColor;
 };

@@ -22,6 +22,7 @@ public:
     static QColor misspelledColor();
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

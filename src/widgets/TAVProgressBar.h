@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QWidget>
 
-/** A thin bar that stands on a dark band. */
+/** A thin bar in translucent white, made to stand on a DarkBand. */
 class TAVProgressBar : public QWidget
 {
     Q_OBJECT
