@@ -1,0 +1,23 @@
+#pragma once
+
+#include "quiz/AskDirection.h"
+#include "quiz/TAVQuizInterface.h"
+#include "quiz/forms/QuizView.h"
+
+/** A way to be asked, as the setup page starts it. */
+class QuizForm : public TAVQuizInterface
+{
+public:
+    /** Asks in the direction of the settings until the setup says otherwise. */
+    QuizForm()
+    {
+        const AskDirection direction = AskDirection::fromSettings();
+        setAskForForeignWord(direction.foreignWord);
+        setAskForYourWord(direction.yourWord);
+    }
+
+    /** Begins a run; options and words stand ready. Called between the two halves of the card's flip. */
+    virtual void startQuiz() = 0;
+    /** The page on which the run goes on. */
+    virtual QuizView::Page page() const = 0;
+};

@@ -1,0 +1,92 @@
+#include "quiz/forms/QuizResultPage.h"
+
+#include "platform/Texts.h"
+#include "quiz/forms/CardStyle.h"
+#include "quiz/forms/ReturnKey.h"
+#include "ui_QuizResultPage.h"
+
+#include <QLocale>
+
+QuizResultPage::QuizResultPage(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::QuizResultPage>())
+{
+    m_ui->setupUi(this);
+    localize();
+    CardStyle::enlarge(m_ui->statisticsIntro, 1.6);
+    for (QLabel *label : {m_ui->statisticsCorrect, m_ui->statisticsMissspelled, m_ui->statisticsWrong})
+        CardStyle::enlarge(label, 1.25);
+    CardStyle::setDot(m_ui->correctDot, TAVPieChart::correctColor());
+    CardStyle::setDot(m_ui->misspelledDot, TAVPieChart::misspelledColor());
+    CardStyle::setDot(m_ui->wrongDot, TAVPieChart::wrongColor());
+    connect(m_ui->restartWithWrongButton, &QPushButton::clicked, this, [this] {
+        if (m_restart)
+            m_restart();
+    });
+    connect(m_ui->newQuizButton, &QPushButton::clicked, this, [this] {
+        if (m_newQuiz)
+            m_newQuiz();
+    });
+    new ReturnKey(this, [this] { defaultButton()->click(); });
+}
+
+QuizResultPage::~QuizResultPage() = default;
+
+void QuizResultPage::localize()
+{
+    m_ui->correctLabel->setText(platform::localized("Quiz", "correct"));
+    m_ui->wrongLabel->setText(platform::localized("Quiz", "wrong"));
+    m_ui->restartWithWrongButton->setText(platform::localized("Quiz", "restartWithWrong"));
+    m_ui->newQuizButton->setText(platform::localized("Quiz", "newQuiz"));
+    m_ui->pieChart->setAccessibleName(platform::localized("Quiz", "pieChart"));
+}
+
+void QuizResultPage::setResult(const QuizResult &result, std::function<void()> restart)
+{
+    m_restart = std::move(restart);
+    const double total = double(std::max<qint64>(result.total, 1));
+    const double correctPercent = double(result.correct) / total * 100.0;
+    const double betweenPercent = double(result.between) / total * 100.0;
+    m_ui->statisticsIntro->setText(introForPercent(correctPercent));
+    m_ui->pieChart->setCorrectPercent(correctPercent / 100.0);
+    m_ui->pieChart->setMisspelledPercent(betweenPercent / 100.0);
+    m_ui->misspelledLabel->setText(result.betweenLabel);
+    const auto ofTotal = [&result](qint64 number) {
+        return QStringLiteral("%1 / %2").arg(QString::number(number), QString::number(result.total));
+    };
+    const auto percent = [](double value) {
+        return platform::localized("Quiz", "percent").arg(QLocale().toString(value, 'f', 0));
+    };
+    m_ui->statisticsCorrect->setText(ofTotal(result.correct));
+    m_ui->statisticsMissspelled->setText(ofTotal(result.between));
+    m_ui->statisticsWrong->setText(ofTotal(result.wrong));
+    m_ui->correctPercent->setText(percent(correctPercent));
+    m_ui->misspelledPercent->setText(percent(betweenPercent));
+    m_ui->restartWithWrongButton->setVisible(result.canRestartWithWrong);
+    m_ui->restartWithWrongButton->setEnabled(result.canRestartWithWrong);
+    CardStyle::makeDefault(m_ui->restartWithWrongButton, result.canRestartWithWrong);
+    CardStyle::makeDefault(m_ui->newQuizButton, !result.canRestartWithWrong);
+}
+
+QPushButton *QuizResultPage::defaultButton() const
+{
+    return m_ui->restartWithWrongButton->isEnabled() ? m_ui->restartWithWrongButton : m_ui->newQuizButton;
+}
+
+void QuizResultPage::focusDefaultButton()
+{
+    defaultButton()->setFocus();
+}
+
+QWidget *QuizResultPage::extraPlace() const
+{
+    return m_ui->extraPlace;
+}
+
+QString QuizResultPage::introForPercent(double correctPercent)
+{
+    const QString number = QLocale().toString(correctPercent, 'f', 0);
+    if (correctPercent < 20.0)
+        return platform::localized("Quiz", "rehearseAgain").arg(number);
+    if (correctPercent < 60.0)
+        return platform::localized("Quiz", "wellDone").arg(number);
+    return platform::localized("Quiz", "congratulations").arg(number);
+}

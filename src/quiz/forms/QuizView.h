@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+
+class CardFlip;
+class QLabel;
+class QStackedWidget;
+class QuizResultPage;
+class TAVCardView;
+class TAVProgressBar;
+
+/**
+ * The content of the quiz tab: one card with five pages, and above it the progress of the run. The
+ * controllers of the pages fill them in; they share the card and its flip.
+ */
+class QuizView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum Page { typingQuizPage, setupPage, resultPage, popupQuizPage, flashCardPage, pageCount };
+
+    explicit QuizView(QWidget *parent = nullptr);
+
+    TAVCardView *card() const { return m_card; }
+    CardFlip *flip() const { return m_flip; }
+    /** The pages, by their numbers; its currentChanged tells when one is left. */
+    QStackedWidget *tabView() const { return m_tabView; }
+    QWidget *page(Page page) const;
+    Page currentPage() const;
+    void showPage(Page page);
+    /** The result page, shared by the forms that have none of their own. */
+    QuizResultPage *result() const { return m_result; }
+
+    QLabel *statusText() const { return m_statusText; }
+    TAVProgressBar *progressIndicator() const { return m_progressIndicator; }
+    /** The line "question so and so of so many". */
+    void setProgressStatus(qint64 question, qint64 total);
+    /** The whole band above the card; it keeps its place when hidden, so that the card doesn't move. */
+    void setProgressVisible(bool visible);
+
+private:
+    QWidget *makeBand();
+
+    TAVCardView *m_card = nullptr;
+    CardFlip *m_flip = nullptr;
+    QStackedWidget *m_tabView = nullptr;
+    QuizResultPage *m_result = nullptr;
+    QWidget *m_band = nullptr;
+    QLabel *m_statusText = nullptr;
+    TAVProgressBar *m_progressIndicator = nullptr;
+};

@@ -1,0 +1,446 @@
+#include "quiz/forms/TAVTypingQuizController.h"
+
+#include "platform/Services.h"
+#include "platform/Texts.h"
+#include "quiz/forms/CardStyle.h"
+#include "quiz/forms/QuizResultPage.h"
+#include "quiz/forms/ReturnKey.h"
+#include "storage/TAVStorageManager.h"
+#include "sync/DropBoxController.h"
+#include "ui_TAVTypingQuiz.h"
+#include "usage/RatingPrompt.h"
+#include "widgets/CardFlip.h"
+#include "widgets/CardText.h"
+#include "widgets/Icons.h"
+#include "widgets/TAVCardView.h"
+#include "widgets/TAVProgressBar.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::chrono::milliseconds stepDelay = 200ms;
+constexpr std::chrono::milliseconds firstFocusDelay = 1s;
+constexpr int levelSize = 40;
+constexpr int markSize = 32;
+constexpr int arrowSize = 20;
+
+const auto hasShownQuestionHelp = QStringLiteral("hasShownQuizHelpQuestion");
+const auto hasShownCorrectHelp = QStringLiteral("hasShownQuizHelpCorrectAnswer");
+const auto hasShownMisspelledHelp = QStringLiteral("hasShownQuizHelpMisspelledAnswer");
+const auto hasShownWrongHelp = QStringLiteral("hasShownQuizHelpWrongAnswer");
+
+bool isRight(Verdict verdict)
+{
+    return verdict == Verdict::correct || verdict == Verdict::correctBySynonym;
+}
+
+QString helpText(Verdict verdict)
+{
+    switch (verdict) {
+    case Verdict::misspelled:
+        return platform::localized("Quiz", "quizMisspelledAnswerHelpText");
+    case Verdict::wrong:
+        return platform::localized("Quiz", "quizWrongHelpText");
+    default:
+        return platform::localized("Quiz", "quizCorrectAnswerHelpText");
+    }
+}
+
+} // namespace
+
+TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
+    : m_view(view), m_ui(std::make_unique<Ui::TAVTypingQuiz>()), m_judge(*this)
+{
+    m_ui->setupUi(m_view->page(QuizView::typingQuizPage));
+    for (QLabel *label : {m_ui->answerUpperLevelImageView, m_ui->answerArrowImageView,
+                          m_ui->questionLevelImageView, m_ui->deletedImageView})
+        CardStyle::keepPlaceWhenHidden(label);
+    CardStyle::setPicture(m_ui->deletedImageView, QStringLiteral("deleted"), levelSize);
+    CardStyle::setPicture(m_ui->correctedAnswerIndicator, QStringLiteral("checkmark_32"), markSize);
+    CardStyle::setPicture(m_ui->cardLeftHelpArrow, QStringLiteral("arrow_up"), arrowSize, 0.5);
+    CardStyle::setPicture(m_ui->cardRightHelpArrow, QStringLiteral("arrow_up"), arrowSize, 0.5);
+    for (QLabel *label : {static_cast<QLabel *>(m_ui->commentTextField),
+                          static_cast<QLabel *>(m_ui->questionCommentTextField), m_ui->cardLeftHelpText,
+                          m_ui->cardRightHelpText})
+        CardStyle::setTextColor(label, CardText::fadedTextColor());
+    CardStyle::makeDefault(m_ui->nextButton);
+    CardStyle::makeDefault(m_ui->showStatisticsButton);
+    m_ui->answerTextField->setFont(CardText::font(QString(), CardText::answerLimit));
+    localize();
+    connectControls();
+}
+
+TAVTypingQuizController::~TAVTypingQuizController() = default;
+
+void TAVTypingQuizController::localize()
+{
+    m_ui->iKnewItCheckBox->setText(platform::localized("Quiz", "iKnewIt"));
+    m_ui->dontAskAgainCheckBox->setText(platform::localized("Quiz", "dontAskAgain"));
+    m_ui->showStatisticsButton->setText(platform::localized("Quiz", "showResults"));
+    m_ui->editButton->setText(platform::localized("Quiz", "edit"));
+    m_ui->nextButton->setText(platform::localized("Quiz", "flipCard"));
+    m_ui->cardRightHelpText->setText(platform::localized("Quiz", "cardRightHelpText"));
+    m_ui->answerTextField->setAccessibleName(platform::localized("Quiz", "yourAnswer"));
+    m_ui->answerTextField->setPlaceholderText(platform::localized("Quiz", "yourAnswer"));
+    m_ui->deletedImageView->setAccessibleName(platform::localized("Quiz", "wordDeleted"));
+    m_ui->deletedImageView->setToolTip(platform::localized("Quiz", "wordDeleted"));
+}
+
+void TAVTypingQuizController::connectControls()
+{
+    connect(m_ui->nextButton, &QPushButton::clicked, this, &TAVTypingQuizController::next);
+    connect(m_ui->showStatisticsButton, &QPushButton::clicked, this, &TAVTypingQuizController::showStatistics);
+    connect(m_ui->iKnewItCheckBox, &QCheckBox::clicked, this, &TAVTypingQuizController::iKnewIt);
+    connect(m_ui->editButton, &QPushButton::clicked, this, &TAVTypingQuizController::editLastWord);
+    connect(m_view->flip(), &CardFlip::animationDidStop, this, &TAVTypingQuizController::focusWhatComesNext);
+    new ReturnKey(m_view->page(QuizView::typingQuizPage),
+                  [this] { m_nextWord ? m_ui->nextButton->click() : m_ui->showStatisticsButton->click(); });
+}
+
+void TAVTypingQuizController::scheduleOnPage(QuizView::Page page, void (TAVTypingQuizController::*step)())
+{
+    platform::clock().callAfter(stepDelay, this, [this, page, step] {
+        if (m_view->currentPage() == page)
+            (this->*step)();
+    });
+}
+
+void TAVTypingQuizController::next()
+{
+    scheduleOnPage(QuizView::typingQuizPage, &TAVTypingQuizController::executeNext);
+}
+
+void TAVTypingQuizController::showStatistics()
+{
+    scheduleOnPage(QuizView::typingQuizPage, &TAVTypingQuizController::executeShowStatistics);
+}
+
+void TAVTypingQuizController::restartQuizWithWrong()
+{
+    scheduleOnPage(QuizView::resultPage, &TAVTypingQuizController::executeRestartQuizWithWrong);
+}
+
+void TAVTypingQuizController::startQuiz()
+{
+    beginRun();
+    platform::clock().callAfter(firstFocusDelay, this, [this] { focusWhatComesNext(); });
+}
+
+void TAVTypingQuizController::beginRun()
+{
+    m_judge.beginRun();
+    m_view->card()->setIsSplit(true);
+    m_nextWord = nextWordToAsk();
+    m_judge.setLastWord(m_nextWord);
+    setQuestion();
+    clearLeftHalf();
+    m_view->setProgressStatus(1, numberOfWordsToAsk());
+    m_view->statusText()->setVisible(true);
+    showProgress();
+    m_view->setProgressVisible(true);
+    showQuestionControls(true);
+    const bool showsHelp = !platform::settings().boolean(hasShownQuestionHelp);
+    if (showsHelp)
+        platform::settings().setValue(hasShownQuestionHelp, true);
+    m_ui->cardRightHelpArrow->setVisible(showsHelp);
+    m_ui->cardRightHelpText->setVisible(showsHelp);
+    m_ui->answerTextField->setFocus();
+}
+
+void TAVTypingQuizController::clearLeftHalf()
+{
+    for (WordLabel *label : {m_ui->correctAnswerTextField, m_ui->lastQuestionTextField,
+                             m_ui->userAnswerTextField, m_ui->commentTextField})
+        label->clear();
+    for (QLabel *picture : {m_ui->answerWrongCorrectIndicator, m_ui->correctedAnswerIndicator,
+                            m_ui->deletedImageView, m_ui->answerUpperLevelImageView,
+                            m_ui->answerLowerLevelImageView, m_ui->answerArrowImageView,
+                            m_ui->cardLeftHelpArrow, m_ui->cardLeftHelpText})
+        picture->hide();
+    setControl(m_ui->editButton, false);
+    for (QCheckBox *box : {m_ui->dontAskAgainCheckBox, m_ui->iKnewItCheckBox}) {
+        setControl(box, false);
+        box->setChecked(false);
+    }
+}
+
+void TAVTypingQuizController::showQuestionControls(bool visible)
+{
+    for (QWidget *control : {static_cast<QWidget *>(m_ui->questionTextField),
+                             static_cast<QWidget *>(m_ui->answerTextField),
+                             static_cast<QWidget *>(m_ui->nextButton)})
+        setControl(control, visible);
+    setControl(m_ui->showStatisticsButton, !visible);
+    m_ui->questionLevelImageView->setVisible(visible);
+}
+
+void TAVTypingQuizController::setQuestion()
+{
+    m_lastAskedForeign = drawDirection();
+    selectInputSourceOfAnswer();
+    m_ui->questionTextField->setWord(AnswerJudge::questionText(*m_nextWord, m_lastAskedForeign),
+                                     CardText::questionLimit);
+    m_ui->answerTextField->clear();
+    m_ui->questionCommentTextField->setText(m_nextWord->comment());
+    m_ui->questionCommentTextField->setVisible(isShowCommentWithQuestion());
+    CardStyle::setPicture(m_ui->questionLevelImageView, Icons::levelName(m_nextWord->level()), levelSize);
+}
+
+void TAVTypingQuizController::selectInputSourceOfAnswer()
+{
+    if (!vocabulary()->isAutoSelectInputSource())
+        return;
+    platform::services().inputSources->selectInputSource(
+        m_lastAskedForeign ? vocabulary()->foreignTextInputSource() : vocabulary()->yourTextInputSource());
+}
+
+void TAVTypingQuizController::executeNext()
+{
+    // A second press within the delay may come when the last word has just been answered.
+    if (!m_nextWord)
+        return;
+    if (platform::settings().boolean(hasShownQuestionHelp)) {
+        m_ui->cardRightHelpArrow->hide();
+        m_ui->cardRightHelpText->hide();
+    }
+    m_view->flip()->flipFirstHalf();
+    takeCheckBoxes();
+
+    const QString answer = m_ui->answerTextField->text();
+    m_ui->commentTextField->setText(m_nextWord->comment());
+    const Verdict verdict = m_judge.judge(m_nextWord, answer, m_lastAskedForeign);
+    showVerdict(verdict);
+    showLeftHelp(verdict);
+    showLastTexts(verdict, answer);
+    setControl(m_ui->editButton, true);
+    m_ui->deletedImageView->hide();
+
+    m_nextWord = nextWordToAsk();
+    if (m_nextWord) {
+        setQuestion();
+    } else {
+        showQuestionControls(false);
+        m_view->statusText()->hide();
+        m_ui->questionCommentTextField->hide();
+    }
+    m_view->setProgressStatus(m_judge.numberOfAnswers() + 1, numberOfWordsToAsk());
+    showProgress();
+
+    vocabulary()->setNeedsSync(true);
+    save();
+    m_view->flip()->flipSecondHalf();
+    m_view->card()->update();
+    focusWhatComesNext();
+}
+
+void TAVTypingQuizController::takeCheckBoxes()
+{
+    if (m_ui->dontAskAgainCheckBox->isChecked()) {
+        lastWord()->setDontAskAgain(true);
+        vocabulary()->invalidateCachedWordLists();
+        m_ui->dontAskAgainCheckBox->setChecked(false);
+    }
+    if (m_ui->iKnewItCheckBox->isChecked()) {
+        m_ui->iKnewItCheckBox->setChecked(false);
+        m_judge.takeOverrule();
+    }
+}
+
+void TAVTypingQuizController::showVerdict(Verdict verdict)
+{
+    m_lastVerdict = verdict;
+    showCardColor(verdict);
+    showLevels(verdict);
+    setControl(m_ui->iKnewItCheckBox, !isRight(verdict));
+    setControl(m_ui->dontAskAgainCheckBox, isRight(verdict) && m_judge.lastWordOriginLevel() == 5);
+    const QString mark = isRight(verdict)                  ? QStringLiteral("checkmark_32")
+                         : verdict == Verdict::misspelled ? QStringLiteral("misspelled_32")
+                                                           : QStringLiteral("strikeout_32");
+    CardStyle::setPicture(m_ui->answerWrongCorrectIndicator, mark, markSize, isRight(verdict) ? 1.0 : 0.5);
+}
+
+void TAVTypingQuizController::showCardColor(Verdict verdict)
+{
+    switch (verdict) {
+    case Verdict::correct:
+        return m_view->card()->setColorCorrect();
+    case Verdict::correctBySynonym:
+        return m_view->card()->setColorSynonym();
+    case Verdict::misspelled:
+        return m_view->card()->setColorMisspelled();
+    case Verdict::wrong:
+        return m_view->card()->setColorWrong();
+    }
+}
+
+void TAVTypingQuizController::showLevels(Verdict verdict)
+{
+    const quint64 before = m_judge.lastWordOriginLevel();
+    const quint64 after = lastWord()->level();
+    const bool falls = verdict == Verdict::wrong;
+    const bool moves = isRight(verdict) ? before != 5 : falls && before != 0;
+    CardStyle::setPicture(m_ui->answerLowerLevelImageView, Icons::levelName(falls ? after : before), levelSize);
+    CardStyle::setPicture(m_ui->answerUpperLevelImageView, Icons::levelName(falls ? before : after), levelSize);
+    CardStyle::setPicture(m_ui->answerArrowImageView,
+                          falls ? QStringLiteral("arrow_down") : QStringLiteral("arrow_up"), arrowSize);
+    m_ui->answerLowerLevelImageView->show();
+    m_ui->answerUpperLevelImageView->setVisible(moves);
+    m_ui->answerArrowImageView->setVisible(moves);
+}
+
+void TAVTypingQuizController::showLeftHelp(Verdict verdict)
+{
+    const QString key = isRight(verdict)                  ? hasShownCorrectHelp
+                        : verdict == Verdict::misspelled ? hasShownMisspelledHelp
+                                                          : hasShownWrongHelp;
+    // A word that stood on the lowest level can't fall, so that there is nothing to explain.
+    const bool explains = verdict != Verdict::wrong || m_judge.lastWordOriginLevel() != 0;
+    const bool shows = explains && !platform::settings().boolean(key);
+    m_ui->cardLeftHelpArrow->setVisible(shows);
+    m_ui->cardLeftHelpText->setVisible(shows);
+    if (!shows)
+        return;
+    m_ui->cardLeftHelpText->setText(helpText(verdict));
+    platform::settings().setValue(key, true);
+}
+
+void TAVTypingQuizController::showLastTexts(Verdict verdict, const QString &answer)
+{
+    const QColor color = isRight(verdict) ? CardText::textColor() : CardText::fadedTextColor();
+    const bool showsAnswer = verdict != Verdict::wrong || !AnswerJudge::isNoAnswer(answer);
+    CardStyle::setTextColor(m_ui->userAnswerTextField, color);
+    m_ui->userAnswerTextField->setWord(answer, CardText::answerLimit);
+    m_ui->userAnswerTextField->setVisible(showsAnswer);
+    m_ui->answerWrongCorrectIndicator->setVisible(showsAnswer);
+    m_ui->correctAnswerTextField->setWord(AnswerJudge::expectedText(*lastWord(), m_lastAskedForeign),
+                                          CardText::answerLimit);
+    m_ui->correctAnswerTextField->setVisible(!isRight(verdict));
+    m_ui->correctedAnswerIndicator->setVisible(!isRight(verdict));
+    m_ui->lastQuestionTextField->setWord(AnswerJudge::questionText(*lastWord(), m_lastAskedForeign),
+                                         CardText::lastQuestionLimit);
+}
+
+void TAVTypingQuizController::iKnewIt()
+{
+    const quint64 before = m_judge.lastWordOriginLevel();
+    const quint64 present = lastWord()->level();
+    if (!m_ui->iKnewItCheckBox->isChecked()) {
+        showCardColor(m_judge.lastWrongWasJustMisspelled() ? Verdict::misspelled : Verdict::wrong);
+        showLevels(m_lastVerdict);
+        m_ui->answerUpperLevelImageView->setVisible(before != present);
+        m_ui->answerArrowImageView->setVisible(before != present);
+        m_ui->cardLeftHelpText->setText(helpText(m_lastVerdict));
+        return;
+    }
+    m_view->card()->setColorCorrect();
+    CardStyle::setPicture(m_ui->answerLowerLevelImageView, Icons::levelName(before), levelSize);
+    CardStyle::setPicture(m_ui->answerUpperLevelImageView, Icons::levelName(AnswerJudge::levelAbove(before)),
+                          levelSize);
+    CardStyle::setPicture(m_ui->answerArrowImageView, QStringLiteral("arrow_up"), arrowSize);
+    m_ui->answerLowerLevelImageView->show();
+    m_ui->answerUpperLevelImageView->show();
+    m_ui->answerArrowImageView->setVisible(present != 5);
+    m_ui->cardLeftHelpText->setText(helpText(Verdict::correct));
+}
+
+void TAVTypingQuizController::showProgress()
+{
+    m_view->progressIndicator()->setTotal(quint64(numberOfWordsToAsk()));
+    m_view->progressIndicator()->setProgress(quint64(m_judge.numberOfAnswers() + 1),
+                                             quint64(m_judge.numberOfCorrect()));
+}
+
+void TAVTypingQuizController::save()
+{
+    DropBoxController::sharedManager()->markFileAsNeedsSync(*vocabulary());
+    TAVStorageManager::saveVocabulary(vocabulary());
+}
+
+void TAVTypingQuizController::executeShowStatistics()
+{
+    m_view->flip()->flipFirstHalf();
+    m_view->card()->setIsSplit(false);
+    takeCheckBoxes();
+    save();
+    DropBoxController::sharedManager()->syncWithDropbox();
+    m_view->showPage(QuizView::resultPage);
+    QuizResult result;
+    result.correct = m_judge.numberOfCorrect();
+    result.between = m_judge.numberOfMisspelled();
+    result.betweenLabel = platform::localized("Quiz", "misspelled");
+    result.wrong = m_judge.numberOfWrong();
+    result.total = numberOfWordsToAsk();
+    // Misspelled words alone offer no restart. Deleted ones can't be asked either.
+    result.canRestartWithWrong = result.wrong > 0 && !m_judge.wrongAnsweredWords().isEmpty();
+    m_view->card()->setColorNeutral();
+    m_view->result()->setResult(result, [this] { restartQuizWithWrong(); });
+    m_view->result()->focusDefaultButton();
+    m_view->flip()->flipSecondHalf();
+    m_view->setProgressVisible(false);
+    RatingPrompt::shared()->logEvent(1);
+}
+
+void TAVTypingQuizController::executeRestartQuizWithWrong()
+{
+    if (m_judge.wrongAnsweredWords().isEmpty())
+        return;
+    m_view->flip()->flipFirstHalf();
+    m_view->card()->setColorNeutral();
+    setAskIndex(-1);
+    mutableWordsToAsk() = m_judge.wrongAnsweredWords();
+    setNumberOfWordsToAsk(wordsToAsk().size());
+    beginRun();
+    m_view->showPage(QuizView::typingQuizPage);
+    m_ui->answerTextField->setFocus();
+    m_view->flip()->flipSecondHalf();
+}
+
+void TAVTypingQuizController::focusWhatComesNext()
+{
+    if (m_view->currentPage() != QuizView::typingQuizPage)
+        return;
+    if (m_nextWord)
+        m_ui->answerTextField->setFocus();
+    else
+        m_ui->showStatisticsButton->setFocus();
+}
+
+void TAVTypingQuizController::editLastWord() {}
+
+void TAVTypingQuizController::closeAddWordPopover() {}
+
+void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &)
+{
+    // By the direction of the present question, which may have turned since.
+    m_ui->correctAnswerTextField->setWord(AnswerJudge::expectedText(*lastWord(), m_lastAskedForeign),
+                                          CardText::answerLimit);
+    m_ui->lastQuestionTextField->setWord(AnswerJudge::questionText(*lastWord(), m_lastAskedForeign),
+                                         CardText::lastQuestionLimit);
+    m_ui->commentTextField->setText(lastWord()->comment());
+}
+
+void TAVTypingQuizController::wordPopoverDidDeleteWords(const TAVWordList &words)
+{
+    for (const TAVWordRef &word : words)
+        m_judge.removeFromWrongAnsweredWords(word);
+    m_ui->deletedImageView->show();
+    setControl(m_ui->editButton, false);
+    m_ui->dontAskAgainCheckBox->setEnabled(false);
+    m_ui->iKnewItCheckBox->setEnabled(false);
+}
+
+void TAVTypingQuizController::wordPopoverDidCancelEditWords(const TAVWordList &) {}
+
+void TAVTypingQuizController::resetQuizHelp()
+{
+    for (const QString &key :
+         {hasShownQuestionHelp, hasShownCorrectHelp, hasShownMisspelledHelp, hasShownWrongHelp})
+        platform::settings().setValue(key, false);
+}
+
+void TAVTypingQuizController::setControl(QWidget *control, bool enableAndShow)
+{
+    control->setVisible(enableAndShow);
+    control->setEnabled(enableAndShow);
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "quiz/AnswerJudge.h"
+#include "quiz/forms/QuizForm.h"
+#include "views/editor/TAVWordPopoverDelegate.h"
+
+#include <QObject>
+
+#include <memory>
+
+class QuizView;
+class TAVWordPopoverController;
+
+namespace Ui {
+class TAVTypingQuiz;
+}
+
+/**
+ * The quiz in which answers are typed. One step judges the answer, shows the verdict on the left half of the
+ * card, and brings up the next question on the right half, under one flip.
+ */
+class TAVTypingQuizController : public QObject, public QuizForm, public TAVWordPopoverDelegate
+{
+    Q_OBJECT
+
+public:
+    /** The view must outlive the controller. */
+    explicit TAVTypingQuizController(QuizView *view);
+    ~TAVTypingQuizController() override;
+
+    void startQuiz() override;
+    QuizView::Page page() const override { return QuizView::typingQuizPage; }
+
+    /** Each waits a moment, so that the pressed button is seen, and then does its execute operation. */
+    void next();
+    void showStatistics();
+    void restartQuizWithWrong();
+    /** Shows what the user's overrule will do; it takes effect when the run moves on. */
+    void iKnewIt();
+    void editLastWord();
+    void closeAddWordPopover();
+    /** Lets the four help overlays come once more. */
+    static void resetQuizHelp();
+
+    const TAVWordRef &lastWord() const { return m_judge.lastWord(); }
+    /** The word being asked; absent after the last one. */
+    const TAVWordRef &nextWord() const { return m_nextWord; }
+    const AnswerJudge &judge() const { return m_judge; }
+
+    void wordPopoverDidEditWords(const TAVWordList &words) override;
+    void wordPopoverDidDeleteWords(const TAVWordList &words) override;
+    void wordPopoverDidCancelEditWords(const TAVWordList &words) override;
+
+private:
+    void localize();
+    void connectControls();
+    /** Runs the step after the delay of a button, unless the page has been left meanwhile. */
+    void scheduleOnPage(QuizView::Page page, void (TAVTypingQuizController::*step)());
+    void executeNext();
+    void executeShowStatistics();
+    void executeRestartQuizWithWrong();
+
+    void beginRun();
+    void setQuestion();
+    void selectInputSourceOfAnswer();
+    void clearLeftHalf();
+    void showQuestionControls(bool visible);
+    void takeCheckBoxes();
+    void showVerdict(Verdict verdict);
+    void showLevels(Verdict verdict);
+    void showCardColor(Verdict verdict);
+    void showLeftHelp(Verdict verdict);
+    void showLastTexts(Verdict verdict, const QString &answer);
+    void showProgress();
+    void save();
+    void focusWhatComesNext();
+    static void setControl(QWidget *control, bool enableAndShow);
+
+    QuizView *m_view;
+    std::unique_ptr<Ui::TAVTypingQuiz> m_ui;
+    AnswerJudge m_judge;
+    TAVWordRef m_nextWord;
+    bool m_lastAskedForeign = true;
+    Verdict m_lastVerdict = Verdict::correct;
+};
