@@ -12,7 +12,10 @@ class AnswerJudge
 {
 public:
     /** The run holds the vocabulary and the list of words; it must outlive the judge. */
-    explicit AnswerJudge(TAVQuizInterface &run) : m_run(run) {}
+    explicit AnswerJudge(TAVQuizInterface &run)
+        : m_run(run)
+    {
+    }
 
     /** Counters to 0, no word, no wrong answers. */
     void beginRun();
@@ -21,7 +24,8 @@ public:
      * the run, takes the place of the asked word, which then is asked again as the very next one.
      */
     Verdict judge(const TAVWordRef &asked, const QString &answer, bool askedForeign);
-    /** The user knew it all the same: takes the last misspelled or wrong verdict back and books a correct one. */
+    /** The user knew it all the same: takes the last misspelled or wrong verdict back and books a correct
+     * one. */
     void takeOverrule();
 
     /** The word that was judged; after a synonym hit, that synonym. */

@@ -1,18 +1,12 @@
 #include "quiz/AskDirection.h"
 
+#include "app/ground/SettingsKeys.h"
 #include "platform/Services.h"
-
-namespace {
-
-const auto foreignWordKey = QStringLiteral("askForForeignWord");
-const auto yourWordKey = QStringLiteral("askForYourWord");
-
-} // namespace
 
 AskDirection AskDirection::fromSettings()
 {
-    AskDirection direction{platform::settings().boolean(foreignWordKey),
-                           platform::settings().boolean(yourWordKey)};
+    AskDirection direction{platform::settings().boolean(settingskeys::askForForeignWord),
+                           platform::settings().boolean(settingskeys::askForYourWord)};
     if (!direction.foreignWord && !direction.yourWord)
         direction.foreignWord = true;
     return direction;
@@ -20,6 +14,6 @@ AskDirection AskDirection::fromSettings()
 
 void AskDirection::store() const
 {
-    platform::settings().setValue(foreignWordKey, foreignWord);
-    platform::settings().setValue(yourWordKey, yourWord);
+    platform::settings().setValue(settingskeys::askForForeignWord, foreignWord);
+    platform::settings().setValue(settingskeys::askForYourWord, yourWord);
 }

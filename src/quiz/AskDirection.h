@@ -1,7 +1,9 @@
 #pragma once
 
-/** Which side of a word pair the user is asked to produce; both: drawn for each question. Kept in the settings. */
-struct AskDirection {
+/** Which side of a word pair the user is asked to produce; both: drawn for each question. Kept in the
+ * settings. */
+struct AskDirection
+{
     bool foreignWord = true;
     bool yourWord = false;
 

@@ -5,7 +5,8 @@
 #include <array>
 
 /** What the user has chosen on the setup page. */
-struct QuizChoice {
+struct QuizChoice
+{
     std::array<bool, TAVLexicon::numberOfLevels> levels = {};
     qint64 numberOfWords = 0;
     /** Empty: no filter. */
@@ -14,7 +15,8 @@ struct QuizChoice {
     /** How many words of the chosen levels were due when last counted. */
     qint64 wordsOverDue = 0;
 
-    struct Check {
+    struct Check
+    {
         bool isOK = false;
         bool canStart = false;
         /** Key in the table Quiz of what to tell the user; null if all is well. */

@@ -43,7 +43,8 @@ void makeDefault(QPushButton *button, bool isDefault)
     QPalette palette = button->palette();
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         palette.setColor(group, QPalette::Button, palette.color(QPalette::Active, QPalette::Highlight));
-        palette.setColor(group, QPalette::ButtonText, palette.color(QPalette::Active, QPalette::HighlightedText));
+        palette.setColor(group, QPalette::ButtonText,
+                         palette.color(QPalette::Active, QPalette::HighlightedText));
     }
     button->setPalette(palette);
 }

@@ -14,7 +14,8 @@ constexpr int radius = 8;
 
 } // namespace
 
-LevelButton::LevelButton(QWidget *parent) : QAbstractButton(parent)
+LevelButton::LevelButton(QWidget *parent)
+    : QAbstractButton(parent)
 {
     setCheckable(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -50,7 +51,8 @@ void LevelButton::paintEvent(QPaintEvent *)
 
     painter.setOpacity(m_alpha);
     const QRect picture((width() - pictureSize) / 2, padding, pictureSize, pictureSize);
-    painter.drawPixmap(picture, CardStyle::picture(Icons::levelName(m_level), pictureSize, devicePixelRatioF()));
+    painter.drawPixmap(picture,
+                       CardStyle::picture(Icons::levelName(m_level), pictureSize, devicePixelRatioF()));
     painter.setPen(palette().color(QPalette::WindowText));
     const QRect name(0, picture.bottom() + padding, width(), fontMetrics().height());
     painter.drawText(name, Qt::AlignCenter, fontMetrics().elidedText(text(), Qt::ElideRight, width() - 4));

@@ -7,7 +7,9 @@
 
 #include <QLocale>
 
-QuizResultPage::QuizResultPage(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::QuizResultPage>())
+QuizResultPage::QuizResultPage(QWidget *parent)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::QuizResultPage>())
 {
     m_ui->setupUi(this);
     localize();

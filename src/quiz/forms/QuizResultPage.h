@@ -12,7 +12,8 @@ class QuizResultPage;
 }
 
 /** What a run came to. */
-struct QuizResult {
+struct QuizResult
+{
     qint64 correct = 0;
     /** Misspelled, or skipped: what is neither right nor wrong. */
     qint64 between = 0;

@@ -21,7 +21,8 @@ constexpr QSize largestCard(1160, 680);
 
 } // namespace
 
-QuizView::QuizView(QWidget *parent) : QWidget(parent)
+QuizView::QuizView(QWidget *parent)
+    : QWidget(parent)
 {
     m_card = new TAVCardView(this);
     m_card->setObjectName(QStringLiteral("card"));
@@ -32,7 +33,8 @@ QuizView::QuizView(QWidget *parent) : QWidget(parent)
 
     m_tabView = new QStackedWidget(m_card);
     m_tabView->setObjectName(QStringLiteral("tabView"));
-    const char *const names[] = {"typingQuizPage", "setupPage", "resultPage", "popupQuizPage", "flashCardPage"};
+    const char *const names[] = {"typingQuizPage", "setupPage", "resultPage", "popupQuizPage",
+                                 "flashCardPage"};
     for (int i = 0; i < pageCount; ++i) {
         QWidget *widget = i == resultPage ? m_result = new QuizResultPage(m_tabView) : new QWidget(m_tabView);
         widget->setObjectName(QLatin1String(names[i]));
@@ -99,8 +101,8 @@ void QuizView::showPage(Page page)
 void QuizView::setProgressStatus(qint64 question, qint64 total)
 {
     const QLocale locale;
-    m_statusText->setText(platform::localized("Quiz", "progressStatus")
-                              .arg(locale.toString(question), locale.toString(total)));
+    m_statusText->setText(
+        platform::localized("Quiz", "progressStatus").arg(locale.toString(question), locale.toString(total)));
 }
 
 void QuizView::setProgressVisible(bool visible)

@@ -4,7 +4,9 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
-ReturnKey::ReturnKey(QWidget *page, std::function<void()> step) : QObject(page), m_step(std::move(step))
+ReturnKey::ReturnKey(QWidget *page, std::function<void()> step)
+    : QObject(page)
+    , m_step(std::move(step))
 {
     page->installEventFilter(this);
 }

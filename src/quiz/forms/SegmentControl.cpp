@@ -4,7 +4,9 @@
 #include <QHBoxLayout>
 #include <QToolButton>
 
-SegmentControl::SegmentControl(QWidget *parent) : QWidget(parent), m_group(new QButtonGroup(this))
+SegmentControl::SegmentControl(QWidget *parent)
+    : QWidget(parent)
+    , m_group(new QButtonGroup(this))
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

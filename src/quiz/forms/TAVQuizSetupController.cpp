@@ -45,8 +45,10 @@ int pluralNumber(qint64 number)
 } // namespace
 
 TAVQuizSetupController::TAVQuizSetupController(QuizView *view, const VocabularySource *vocabularyController)
-    : m_view(view), m_vocabularyController(vocabularyController), m_ui(std::make_unique<Ui::TAVQuizSetup>()),
-      m_direction(AskDirection::fromSettings())
+    : m_view(view)
+    , m_vocabularyController(vocabularyController)
+    , m_ui(std::make_unique<Ui::TAVQuizSetup>())
+    , m_direction(AskDirection::fromSettings())
 {
     m_ui->setupUi(m_view->page(QuizView::setupPage));
     m_view->card()->setIsSplit(false);
@@ -184,7 +186,8 @@ TAVQuizSetupController::LevelCounts TAVQuizSetupController::countOverDue() const
 void TAVQuizSetupController::showCounts(const LevelCounts &counts)
 {
     for (size_t level = 0; level < counts.size(); ++level) {
-        m_dueLabels[level]->setText(platform::localized("Quiz", "wordsDue", nullptr, pluralNumber(counts[level])));
+        m_dueLabels[level]->setText(
+            platform::localized("Quiz", "wordsDue", nullptr, pluralNumber(counts[level])));
         m_levelButtons[level]->setAccessibleName(levelName(level) + QLatin1String(", ") +
                                                  m_dueLabels[level]->text());
     }
@@ -255,7 +258,8 @@ QStringList TAVQuizSetupController::completionsForSubstring(const QString &subst
 {
     platform::diagnosticLog(QLatin1String("tokenField completions for: ") + substring);
     const TAVLexiconRef vocabulary = m_vocabularyController->vocabulary();
-    return vocabulary ? vocabulary->completionTagsForPrefix(substring).value_or(QStringList()) : QStringList();
+    return vocabulary ? vocabulary->completionTagsForPrefix(substring).value_or(QStringList())
+                      : QStringList();
 }
 
 void TAVQuizSetupController::tidyTags()
@@ -339,10 +343,10 @@ QString TAVQuizSetupController::plan() const
             levels.append(levelName(level));
     }
     const QLocale locale;
-    const QString answer = m_direction.foreignWord && m_direction.yourWord
-                               ? platform::localized("Quiz", "planBothLanguages")
-                               : platform::localized("Quiz", "planLanguage")
-                                     .arg(m_ui->quizDirectionPopup->currentText());
+    const QString answer =
+        m_direction.foreignWord && m_direction.yourWord
+            ? platform::localized("Quiz", "planBothLanguages")
+            : platform::localized("Quiz", "planLanguage").arg(m_ui->quizDirectionPopup->currentText());
     QString text = platform::localized("Quiz", "planWords", nullptr, pluralNumber(chosen.numberOfWords))
                        .arg(locale.createSeparatedList(levels)) +
                    QLatin1Char(' ') + answer;

@@ -1,5 +1,6 @@
 #include "quiz/forms/TAVTypingQuizController.h"
 
+#include "app/ground/SettingsKeys.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
 #include "quiz/forms/CardStyle.h"
@@ -25,11 +26,6 @@ constexpr int levelSize = 40;
 constexpr int markSize = 32;
 constexpr int arrowSize = 20;
 
-const auto hasShownQuestionHelp = QStringLiteral("hasShownQuizHelpQuestion");
-const auto hasShownCorrectHelp = QStringLiteral("hasShownQuizHelpCorrectAnswer");
-const auto hasShownMisspelledHelp = QStringLiteral("hasShownQuizHelpMisspelledAnswer");
-const auto hasShownWrongHelp = QStringLiteral("hasShownQuizHelpWrongAnswer");
-
 bool isRight(Verdict verdict)
 {
     return verdict == Verdict::correct || verdict == Verdict::correctBySynonym;
@@ -50,7 +46,9 @@ QString helpText(Verdict verdict)
 } // namespace
 
 TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
-    : m_view(view), m_ui(std::make_unique<Ui::TAVTypingQuiz>()), m_judge(*this)
+    : m_view(view)
+    , m_ui(std::make_unique<Ui::TAVTypingQuiz>())
+    , m_judge(*this)
 {
     m_ui->setupUi(m_view->page(QuizView::typingQuizPage));
     for (QLabel *label : {m_ui->answerUpperLevelImageView, m_ui->answerArrowImageView,
@@ -90,7 +88,8 @@ void TAVTypingQuizController::localize()
 void TAVTypingQuizController::connectControls()
 {
     connect(m_ui->nextButton, &QPushButton::clicked, this, &TAVTypingQuizController::next);
-    connect(m_ui->showStatisticsButton, &QPushButton::clicked, this, &TAVTypingQuizController::showStatistics);
+    connect(m_ui->showStatisticsButton, &QPushButton::clicked, this,
+            &TAVTypingQuizController::showStatistics);
     connect(m_ui->iKnewItCheckBox, &QCheckBox::clicked, this, &TAVTypingQuizController::iKnewIt);
     connect(m_ui->editButton, &QPushButton::clicked, this, &TAVTypingQuizController::editLastWord);
     connect(m_view->flip(), &CardFlip::animationDidStop, this, &TAVTypingQuizController::focusWhatComesNext);
@@ -140,9 +139,9 @@ void TAVTypingQuizController::beginRun()
     showProgress();
     m_view->setProgressVisible(true);
     showQuestionControls(true);
-    const bool showsHelp = !platform::settings().boolean(hasShownQuestionHelp);
+    const bool showsHelp = !platform::settings().boolean(settingskeys::hasShownQuizHelpQuestion);
     if (showsHelp)
-        platform::settings().setValue(hasShownQuestionHelp, true);
+        platform::settings().setValue(settingskeys::hasShownQuizHelpQuestion, true);
     m_ui->cardRightHelpArrow->setVisible(showsHelp);
     m_ui->cardRightHelpText->setVisible(showsHelp);
     m_ui->answerTextField->setFocus();
@@ -153,10 +152,10 @@ void TAVTypingQuizController::clearLeftHalf()
     for (WordLabel *label : {m_ui->correctAnswerTextField, m_ui->lastQuestionTextField,
                              m_ui->userAnswerTextField, m_ui->commentTextField})
         label->clear();
-    for (QLabel *picture : {m_ui->answerWrongCorrectIndicator, m_ui->correctedAnswerIndicator,
-                            m_ui->deletedImageView, m_ui->answerUpperLevelImageView,
-                            m_ui->answerLowerLevelImageView, m_ui->answerArrowImageView,
-                            m_ui->cardLeftHelpArrow, m_ui->cardLeftHelpText})
+    for (QLabel *picture :
+         {m_ui->answerWrongCorrectIndicator, m_ui->correctedAnswerIndicator, m_ui->deletedImageView,
+          m_ui->answerUpperLevelImageView, m_ui->answerLowerLevelImageView, m_ui->answerArrowImageView,
+          m_ui->cardLeftHelpArrow, m_ui->cardLeftHelpText})
         picture->hide();
     setControl(m_ui->editButton, false);
     for (QCheckBox *box : {m_ui->dontAskAgainCheckBox, m_ui->iKnewItCheckBox}) {
@@ -167,9 +166,9 @@ void TAVTypingQuizController::clearLeftHalf()
 
 void TAVTypingQuizController::showQuestionControls(bool visible)
 {
-    for (QWidget *control : {static_cast<QWidget *>(m_ui->questionTextField),
-                             static_cast<QWidget *>(m_ui->answerTextField),
-                             static_cast<QWidget *>(m_ui->nextButton)})
+    for (QWidget *control :
+         {static_cast<QWidget *>(m_ui->questionTextField), static_cast<QWidget *>(m_ui->answerTextField),
+          static_cast<QWidget *>(m_ui->nextButton)})
         setControl(control, visible);
     setControl(m_ui->showStatisticsButton, !visible);
     m_ui->questionLevelImageView->setVisible(visible);
@@ -200,7 +199,7 @@ void TAVTypingQuizController::executeNext()
     // A second press within the delay may come when the last word has just been answered.
     if (!m_nextWord)
         return;
-    if (platform::settings().boolean(hasShownQuestionHelp)) {
+    if (platform::settings().boolean(settingskeys::hasShownQuizHelpQuestion)) {
         m_ui->cardRightHelpArrow->hide();
         m_ui->cardRightHelpText->hide();
     }
@@ -254,9 +253,9 @@ void TAVTypingQuizController::showVerdict(Verdict verdict)
     showLevels(verdict);
     setControl(m_ui->iKnewItCheckBox, !isRight(verdict));
     setControl(m_ui->dontAskAgainCheckBox, isRight(verdict) && m_judge.lastWordOriginLevel() == 5);
-    const QString mark = isRight(verdict)                  ? QStringLiteral("checkmark_32")
+    const QString mark = isRight(verdict)                 ? QStringLiteral("checkmark_32")
                          : verdict == Verdict::misspelled ? QStringLiteral("misspelled_32")
-                                                           : QStringLiteral("strikeout_32");
+                                                          : QStringLiteral("strikeout_32");
     CardStyle::setPicture(m_ui->answerWrongCorrectIndicator, mark, markSize, isRight(verdict) ? 1.0 : 0.5);
 }
 
@@ -280,8 +279,10 @@ void TAVTypingQuizController::showLevels(Verdict verdict)
     const quint64 after = lastWord()->level();
     const bool falls = verdict == Verdict::wrong;
     const bool moves = isRight(verdict) ? before != 5 : falls && before != 0;
-    CardStyle::setPicture(m_ui->answerLowerLevelImageView, Icons::levelName(falls ? after : before), levelSize);
-    CardStyle::setPicture(m_ui->answerUpperLevelImageView, Icons::levelName(falls ? before : after), levelSize);
+    CardStyle::setPicture(m_ui->answerLowerLevelImageView, Icons::levelName(falls ? after : before),
+                          levelSize);
+    CardStyle::setPicture(m_ui->answerUpperLevelImageView, Icons::levelName(falls ? before : after),
+                          levelSize);
     CardStyle::setPicture(m_ui->answerArrowImageView,
                           falls ? QStringLiteral("arrow_down") : QStringLiteral("arrow_up"), arrowSize);
     m_ui->answerLowerLevelImageView->show();
@@ -291,9 +292,10 @@ void TAVTypingQuizController::showLevels(Verdict verdict)
 
 void TAVTypingQuizController::showLeftHelp(Verdict verdict)
 {
-    const QString key = isRight(verdict)                  ? hasShownCorrectHelp
-                        : verdict == Verdict::misspelled ? hasShownMisspelledHelp
-                                                          : hasShownWrongHelp;
+    const QLatin1String key = isRight(verdict) ? settingskeys::hasShownQuizHelpCorrectAnswer
+                              : verdict == Verdict::misspelled
+                                  ? settingskeys::hasShownQuizHelpMisspelledAnswer
+                                  : settingskeys::hasShownQuizHelpWrongAnswer;
     // A word that stood on the lowest level can't fall, so that there is nothing to explain.
     const bool explains = verdict != Verdict::wrong || m_judge.lastWordOriginLevel() != 0;
     const bool shows = explains && !platform::settings().boolean(key);
@@ -434,8 +436,9 @@ void TAVTypingQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)
 
 void TAVTypingQuizController::resetQuizHelp()
 {
-    for (const QString &key :
-         {hasShownQuestionHelp, hasShownCorrectHelp, hasShownMisspelledHelp, hasShownWrongHelp})
+    for (const QLatin1String key :
+         {settingskeys::hasShownQuizHelpQuestion, settingskeys::hasShownQuizHelpCorrectAnswer,
+          settingskeys::hasShownQuizHelpMisspelledAnswer, settingskeys::hasShownQuizHelpWrongAnswer})
         platform::settings().setValue(key, false);
 }
 

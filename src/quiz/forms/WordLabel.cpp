@@ -26,7 +26,8 @@ bool fits(const QFont &font, const QString &text, const QSize &size, Qt::Alignme
 
 } // namespace
 
-WordLabel::WordLabel(QWidget *parent) : QLabel(parent)
+WordLabel::WordLabel(QWidget *parent)
+    : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
@@ -75,7 +76,7 @@ void WordLabel::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setFont(font);
     painter.setPen(palette().color(foregroundRole()));
-    const auto alignmentHere = QStyle::visualAlignment(
-        text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight, alignment());
+    const auto alignmentHere =
+        QStyle::visualAlignment(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight, alignment());
     painter.drawText(place, wrapFlags(alignmentHere), shown);
 }

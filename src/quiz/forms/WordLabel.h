@@ -25,6 +25,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    /** The largest font at which the text fits the size, and the text, shortened if even the least is too large. */
+    /** The largest font at which the text fits the size, and the text, shortened if even the least is too
+     * large. */
     std::pair<QFont, QString> fitted(const QSize &size) const;
 };
