@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/TAVLexicon.h"
+#include "quiz/forms/QuizPage.h"
 
 class QWidget;
 
@@ -42,18 +43,4 @@ public:
     virtual void showStatistics() {}
     /** The main window has a new size. */
     virtual void windowDidResize() {}
-};
-
-/** What the main window asks of the quiz tab. This base shows nothing. */
-class QuizPage
-{
-public:
-    virtual ~QuizPage() = default;
-    /** The tab's content, which then belongs to the window; null while there is none. */
-    virtual QWidget *page() { return nullptr; }
-    /** The words that were selected in the vocabulary view; may be none. */
-    virtual void setPreSelectedWords(const TAVWordList &words) { Q_UNUSED(words) }
-    /** Builds the setup page anew; also called a second time, half a second later. */
-    virtual void showQuiz() {}
-    virtual void quizListsToAskChanged() {}
 };
