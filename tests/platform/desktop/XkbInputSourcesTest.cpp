@@ -1,0 +1,76 @@
+#include "platform/desktop/XkbInputSources.h"
+#include "VirtualDisplay.h"
+#include "platform/desktop/X11.h"
+
+#include "support/GuiTest.h"
+
+using platform::InputSourceRef;
+using platform::XkbInputSources;
+
+namespace {
+
+class XkbInputSourcesTest : public ServicesTest
+{
+protected:
+    void SetUp() override
+    {
+        if (!virtualdisplay::isRunning())
+            GTEST_SKIP() << "Xvfb or setxkbmap is not installed";
+    }
+
+    static void setLayouts(const QString &layouts, const QString &variants)
+    {
+        ASSERT_TRUE(virtualdisplay::run(u"setxkbmap"_qs, {u"-layout"_qs, layouts, u"-variant"_qs, variants}));
+    }
+    static QStringList ids(XkbInputSources &sources)
+    {
+        QStringList list;
+        for (const InputSourceRef &source : sources.createInputSourceList(false))
+            list.append(source->id);
+        return list;
+    }
+    static QString current(XkbInputSources &sources)
+    {
+        const InputSourceRef source = sources.currentKeyboardLayoutInputSource();
+        return source ? source->id : QString();
+    }
+};
+
+} // namespace
+
+TEST_F(XkbInputSourcesTest, ListsTheGroupsAndSwitchesBetweenThem)
+{
+    setLayouts(u"us,de,ru"_qs, u",,phonetic"_qs);
+    XkbInputSources sources(platform::x11::connection());
+    const auto list = sources.createInputSourceList(false);
+    ASSERT_EQ(ids(sources), QStringList({u"xkb:us"_qs, u"xkb:de"_qs, u"xkb:ru(phonetic)"_qs}));
+    EXPECT_EQ(list.at(1)->localizedName, u"German"_qs);
+    EXPECT_EQ(list.at(2)->localizedName, u"Russian (phonetic)"_qs);
+    EXPECT_EQ(current(sources), u"xkb:us"_qs);
+
+    for (const int i : {2, 1, 0, 1}) {
+        sources.selectInputSource(list.at(i));
+        EXPECT_EQ(current(sources), list.at(i)->id);
+    }
+    sources.selectInputSource(nullptr);
+    sources.selectInputSource(
+        std::make_shared<const platform::InputSource>(platform::InputSource{u"xkb:fr"_qs, u"French"_qs}));
+    EXPECT_EQ(current(sources), u"xkb:de"_qs) << "a layout that is not there changes nothing";
+
+    // The user changes the order while the program holds on to what it listed before.
+    setLayouts(u"ru,us,de"_qs, u"phonetic,,"_qs);
+    sources.selectInputSource(list.at(1));
+    EXPECT_EQ(current(sources), u"xkb:de"_qs);
+}
+
+TEST_F(XkbInputSourcesTest, AKeymapWithoutNotesIsKnownByItsNames)
+{
+    setLayouts(u"us,de"_qs, u","_qs);
+    xcb_connection_t *connection = platform::x11::connection();
+    xcb_delete_property(connection, platform::x11::rootWindow(connection),
+                        platform::x11::atom(connection, "_XKB_RULES_NAMES"));
+    XkbInputSources sources(connection);
+    ASSERT_EQ(ids(sources), QStringList({u"xkb:English (US)"_qs, u"xkb:German"_qs}));
+    sources.selectInputSource(sources.createInputSourceList(false).at(1));
+    EXPECT_EQ(current(sources), u"xkb:German"_qs);
+}
