@@ -6,3 +6,9 @@
 
 #include <memory>
 #include <vector>
+
+/** Lets a failed comparison show the text rather than its bytes. */
+inline void PrintTo(const QString &text, std::ostream *stream)
+{
+    *stream << '"' << text.toStdString() << '"';
+}
