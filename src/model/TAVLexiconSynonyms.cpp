@@ -1,4 +1,5 @@
 #include "model/TAVLexicon.h"
+#include "model/TextKeys.h"
 #include "model/WordSorting.h"
 #include "platform/DiagnosticLog.h"
 
@@ -35,21 +36,41 @@ void TAVLexicon::buildSynonyms()
     m_synonyms.emplace();
     if (m_allWords.size() < 2)
         return;
+
+    // Adding a word by hand waits for this, and most of its time goes into fetching words from memory. So
+    // each word is visited once, for both sorts and for hashes that tell most unequal texts apart.
+    TextKeys yourKeys(m_allWords.size());
+    TextKeys foreignKeys(m_allWords.size());
+    std::vector<size_t> yourHashes;
+    std::vector<size_t> foreignHashes;
+    for (const TAVWordRef &word : std::as_const(m_allWords)) {
+        yourKeys.append(word->yourWordWithoutFacultatives());
+        foreignKeys.append(word->foreignWordWithoutFacultatives());
+        yourHashes.push_back(qHash(word->yourWord()));
+        foreignHashes.push_back(qHash(word->foreignWord()));
+    }
+
     // Once sorted, words of one text are neighbours: no need to compare all pairs.
-    const auto addEqualNeighbours = [this](const QString &(TAVWord::*text)() const) {
-        for (qsizetype i = 1; i < m_allWords.size(); ++i) {
-            const TAVWordRef &previous = m_allWords.at(i - 1);
-            const TAVWordRef &word = m_allWords.at(i);
+    const auto addEqualNeighbours = [this](const std::vector<qsizetype> &order,
+                                           const std::vector<size_t> &hashes,
+                                           const QString &(TAVWord::*text)() const) {
+        for (size_t i = 1; i < order.size(); ++i) {
+            if (hashes[size_t(order[i - 1])] != hashes[size_t(order[i])])
+                continue;
+            const TAVWordRef &previous = m_allWords.at(order[i - 1]);
+            const TAVWordRef &word = m_allWords.at(order[i]);
             if (((*previous).*text)() == ((*word).*text)()) {
                 m_synonyms->insert(previous);
                 m_synonyms->insert(word);
             }
         }
     };
-    sortWords(m_allWords, WordOrder::YourLang);
-    addEqualNeighbours(&TAVWord::yourWord);
-    sortWords(m_allWords, WordOrder::ForeignLang);
-    addEqualNeighbours(&TAVWord::foreignWord);
+    const std::vector<qsizetype> yourOrder = yourKeys.sorted();
+    addEqualNeighbours(yourOrder, yourHashes, &TAVWord::yourWord);
+    foreignKeys.setPreviousOrder(yourOrder);
+    const std::vector<qsizetype> foreignOrder = foreignKeys.sorted();
+    addEqualNeighbours(foreignOrder, foreignHashes, &TAVWord::foreignWord);
+    arrangeWords(m_allWords, foreignOrder);
 }
 
 void TAVLexicon::updateSynonymsWithWord(const TAVWordRef &word)

@@ -65,7 +65,8 @@ public:
     const TAVSnapshotList &dailySnapshots() const { return m_dailySnapshots; }
     void setDailySnapshots(const TAVSnapshotList &snapshots) { m_dailySnapshots = snapshots; }
 
-    /** Replaces the last entry if it is of the same day, else appends. Alerts when the clock went backwards. */
+    /** Replaces the last entry if it is of the same day, else appends. Alerts when the clock went backwards.
+     */
     void addDailySnapshot(const TAVSnapshotRef &snapshot);
     /** Absent while nothing is recorded. */
     TAVSnapshotRef lastSnapshot() const;
