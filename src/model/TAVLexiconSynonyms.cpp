@@ -1,6 +1,7 @@
 #include "model/TAVLexicon.h"
 #include "model/TextKeys.h"
 #include "model/WordSorting.h"
+#include "model/WordWalk.h"
 #include "platform/DiagnosticLog.h"
 
 void TAVLexicon::indexTags() const
@@ -43,12 +44,12 @@ void TAVLexicon::buildSynonyms()
     TextKeys foreignKeys(m_allWords.size());
     std::vector<size_t> yourHashes;
     std::vector<size_t> foreignHashes;
-    for (const TAVWordRef &word : std::as_const(m_allWords)) {
+    walkWords(m_allWords, [&](const TAVWordRef &word) {
         yourKeys.append(word->yourWordWithoutFacultatives());
         foreignKeys.append(word->foreignWordWithoutFacultatives());
         yourHashes.push_back(qHash(word->yourWord()));
         foreignHashes.push_back(qHash(word->foreignWord()));
-    }
+    });
 
     // Once sorted, words of one text are neighbours: no need to compare all pairs.
     const auto addEqualNeighbours = [this](const std::vector<qsizetype> &order,
@@ -79,12 +80,12 @@ void TAVLexicon::updateSynonymsWithWord(const TAVWordRef &word)
         return;
     if (!m_synonyms)
         buildSynonyms();
-    for (const TAVWordRef &other : std::as_const(m_allWords)) {
+    walkWords(m_allWords, [this, &word](const TAVWordRef &other) {
         if (other->yourWord() == word->yourWord() || other->foreignWord() == word->foreignWord()) {
             m_synonyms->insert(other);
             m_synonyms->insert(word);
         }
-    }
+    });
 }
 
 TAVWordSet TAVLexicon::synonymsForWord(const TAVWord &word)
@@ -109,8 +110,10 @@ TAVWordList TAVLexicon::filterWords(const TAVWordList &words, const std::optiona
     if (!searchTerm || searchTerm->isEmpty())
         return words;
     TAVWordList found;
-    std::copy_if(words.begin(), words.end(), std::back_inserter(found),
-                 [&searchTerm](const TAVWordRef &word) { return word->matchesSearchTerm(searchTerm); });
+    walkWords(words, [&](const TAVWordRef &word) {
+        if (word->matchesSearchTerm(searchTerm))
+            found.append(word);
+    });
     return found;
 }
 

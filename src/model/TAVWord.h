@@ -105,16 +105,17 @@ public:
     QString description() const;
 
 private:
+    // What sorting and counting read comes first, so that a walk over all words fetches little memory.
+    QString m_yourWord;
+    QString m_foreignWord;
+    std::weak_ptr<TAVLexicon> m_weakVocForSort;
+    quint64 m_level = 0;
+    QDateTime m_lastAsked;
     bool m_dontAskAgain = false;
     qint64 m_creationID = 0;
     qint64 m_modificationID = 0;
-    QStringList m_tagsSorted;
-    QString m_yourWord;
-    QString m_foreignWord;
-    QString m_comment;
-    QDateTime m_lastAsked;
-    TAVTextSet m_tags;
-    std::weak_ptr<TAVLexicon> m_weakVocForSort;
     quint64 m_fallenDownCounter = 0;
-    quint64 m_level = 0;
+    QString m_comment;
+    TAVTextSet m_tags;
+    QStringList m_tagsSorted;
 };

@@ -1,6 +1,7 @@
 #include "model/WordSorting.h"
 
 #include "model/TextKeys.h"
+#include "model/WordWalk.h"
 #include "platform/CaseFolding.h"
 
 #include <limits>
@@ -19,8 +20,7 @@ std::vector<qsizetype> indexesOf(const TAVWordList &words)
 template <typename TextOf> std::vector<qsizetype> orderByText(const TAVWordList &words, TextOf textOf)
 {
     TextKeys keys(words.size());
-    for (const TAVWordRef &word : words)
-        keys.append(textOf(*word));
+    walkWords(words, [&keys, &textOf](const TAVWordRef &word) { keys.append(textOf(*word)); });
     return keys.sorted();
 }
 
