@@ -44,6 +44,7 @@ void QuizResultPage::localize()
 void QuizResultPage::setResult(const QuizResult &result, std::function<void()> restart)
 {
     m_restart = std::move(restart);
+    m_ui->extraPlace->hide();
     const double total = double(std::max<qint64>(result.total, 1));
     const double correctPercent = double(result.correct) / total * 100.0;
     const double betweenPercent = double(result.between) / total * 100.0;

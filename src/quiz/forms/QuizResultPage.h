@@ -40,7 +40,7 @@ public:
     void setNewQuizAction(std::function<void()> action) { m_newQuiz = std::move(action); }
     /** Puts the focus on the button that Return presses. */
     void focusDefaultButton();
-    /** A place for what a form adds between the counts and the buttons. */
+    /** A place for what a form adds between the counts and the buttons; each result comes without it. */
     QWidget *extraPlace() const;
 
     /** The text of the intro for so many percent. */

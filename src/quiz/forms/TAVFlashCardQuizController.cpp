@@ -1,0 +1,566 @@
+#include "quiz/forms/TAVFlashCardQuizController.h"
+
+#include "app/ground/SettingsKeys.h"
+#include "platform/Services.h"
+#include "platform/Texts.h"
+#include "quiz/AnswerJudge.h"
+#include "quiz/forms/CardStyle.h"
+#include "quiz/forms/FlashCardRestart.h"
+#include "quiz/forms/QuizResultPage.h"
+#include "quiz/forms/ReturnKey.h"
+#include "storage/TAVStorageManager.h"
+#include "sync/DropBoxController.h"
+#include "ui_TAVFlashCardQuiz.h"
+#include "usage/RatingPrompt.h"
+#include "views/editor/TAVWordPopoverController.h"
+#include "widgets/CardFlip.h"
+#include "widgets/CardText.h"
+#include "widgets/Icons.h"
+#include "widgets/TAVCardView.h"
+#include "widgets/TAVProgressBar.h"
+
+#include <QShortcut>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::chrono::milliseconds stepDelay = 200ms;
+constexpr std::chrono::milliseconds questionDelay = 10ms;
+constexpr std::chrono::milliseconds correctMarkDelay = 600ms;
+/** Shorter than the other: what was not known is not looked at any longer. */
+constexpr std::chrono::milliseconds wrongMarkDelay = 500ms;
+constexpr int levelSize = 40;
+constexpr int arrowSize = 20;
+constexpr int usualSpeed = 2;
+constexpr int countdownSeconds = 5;
+enum ButtonsPage { markButtons, showButton };
+
+/** The preview of a fall. It shows one level less even where a wrong answer pulls the word further down. */
+quint64 levelBelow(quint64 level)
+{
+    if (level >= 4)
+        return 3;
+    return level > 0 ? level - 1 : 0;
+}
+
+} // namespace
+
+TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view)
+    : m_view(view)
+    , m_ui(std::make_unique<Ui::TAVFlashCardQuiz>())
+{
+    QWidget *page = m_view->page(QuizView::flashCardPage);
+    m_ui->setupUi(page);
+    m_editor = std::make_unique<TAVWordPopoverController>(page);
+    for (QLabel *label : {m_ui->upperLevelImageView, m_ui->upArrowImageView, m_ui->downArrowImageView,
+                          m_ui->lowerLevelImageView, m_ui->deletedImageView})
+        CardStyle::keepPlaceWhenHidden(label);
+    for (QWidget *text : {static_cast<QWidget *>(m_ui->questionTextField),
+                          static_cast<QWidget *>(m_ui->correctAnswerTextField),
+                          static_cast<QWidget *>(m_ui->commentTextField)})
+        text->setAttribute(Qt::WA_TransparentForMouseEvents);
+    CardStyle::setTextColor(m_ui->commentTextField, CardText::fadedTextColor());
+    CardStyle::setPicture(m_ui->upArrowImageView, QStringLiteral("arrow_up"), arrowSize);
+    CardStyle::setPicture(m_ui->downArrowImageView, QStringLiteral("arrow_down"), arrowSize);
+    CardStyle::setPicture(m_ui->deletedImageView, QStringLiteral("deleted"), levelSize);
+    CardStyle::makeDefault(m_ui->showAnswerButton);
+    m_ui->showAnswerHiddenButton->lower();
+
+    auto *place = m_view->result()->extraPlace();
+    m_restartControls = new FlashCardRestart(place);
+    (new QVBoxLayout(place))->addWidget(m_restartControls);
+    place->layout()->setContentsMargins({});
+    place->hide();
+
+    localize();
+    connectControls();
+    addShortcuts();
+    page->installEventFilter(this);
+    m_view->result()->installEventFilter(this);
+
+    const bool hasStoredSpeed = platform::settings().boolean(settingskeys::learnHasSetTimeout);
+    m_ui->flipTimeoutSlider->setValue(
+        hasStoredSpeed ? int(std::clamp<qint64>(platform::settings().integer(settingskeys::learnFlipLevel), 0,
+                                                m_ui->flipTimeoutSlider->maximum()))
+                       : usualSpeed);
+    changeFlipTimeout();
+}
+
+TAVFlashCardQuizController::~TAVFlashCardQuizController() = default;
+
+void TAVFlashCardQuizController::localize()
+{
+    m_ui->offLabel->setText(platform::localized("Learn", "off"));
+    m_ui->slowLabel->setText(platform::localized("Learn", "slow"));
+    m_ui->normalLabel->setText(platform::localized("Learn", "normal"));
+    m_ui->fastLabel->setText(platform::localized("Learn", "fast"));
+    m_ui->flipTimeoutSlider->setAccessibleName(platform::localized("Learn", "speed"));
+    m_ui->showAnswerButton->setText(platform::localized("Learn", "showAnswer"));
+    m_ui->correctButton->setText(platform::localized("Learn", "known"));
+    m_ui->wrongButton->setText(platform::localized("Learn", "notKnown"));
+    m_ui->stopButton->setText(platform::localized("Quiz", "showResults"));
+    m_ui->dontAskAgainCheckBox->setText(platform::localized("Quiz", "dontAskAgain"));
+    m_ui->editButton->setText(platform::localized("Quiz", "edit"));
+    m_ui->deletedImageView->setToolTip(platform::localized("Quiz", "wordDeleted"));
+    m_ui->deletedImageView->setAccessibleName(platform::localized("Quiz", "wordDeleted"));
+}
+
+void TAVFlashCardQuizController::connectControls()
+{
+    using Self = TAVFlashCardQuizController;
+    connect(m_ui->showAnswerButton, &QPushButton::clicked, this, &Self::showSolution);
+    connect(m_ui->showAnswerHiddenButton, &QAbstractButton::clicked, this, &Self::showNext);
+    connect(m_ui->correctButton, &QPushButton::clicked, this, &Self::markCorrect);
+    connect(m_ui->wrongButton, &QPushButton::clicked, this, &Self::markWrong);
+    connect(m_ui->playButton, &QPushButton::clicked, this, &Self::togglePlay);
+    connect(m_ui->stopButton, &QPushButton::clicked, this, &Self::showStatistics);
+    connect(m_ui->flipTimeoutSlider, &QSlider::valueChanged, this, &Self::changeFlipTimeout);
+    connect(m_ui->editButton, &QPushButton::clicked, this, &Self::editCurrentWord);
+    connect(m_restartControls, &FlashCardRestart::startRequested, this, &Self::restartCountdown);
+    connect(m_restartControls, &FlashCardRestart::stopRequested, this, &Self::endRestartCountdown);
+    new ReturnKey(m_view->page(QuizView::flashCardPage), [this] {
+        if (!m_isAutoPlay)
+            showNext();
+    });
+}
+
+void TAVFlashCardQuizController::addShortcuts()
+{
+    QWidget *page = m_view->page(QuizView::flashCardPage);
+    const auto add = [this, page](const QList<QKeySequence> &keys, const std::function<void()> &action) {
+        for (const QKeySequence &key : keys) {
+            auto *shortcut = new QShortcut(key, page, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+            shortcut->setAutoRepeat(false);
+            connect(shortcut, &QShortcut::activated, this, action);
+        }
+    };
+    // A mark by key counts only for a solution that is seen.
+    const auto mark = [this](QAbstractButton *button) {
+        if (m_isShowingSolution && button->isVisible())
+            button->click();
+    };
+    add({Qt::Key_Space}, [this] {
+        if (m_ui->dontAskAgainCheckBox->hasFocus())
+            m_ui->dontAskAgainCheckBox->click();
+        else if (!m_isAutoPlay)
+            showNext();
+    });
+    add({Qt::Key_Right, Qt::Key_C}, [this, mark] { mark(m_ui->correctButton); });
+    add({Qt::Key_Left, Qt::Key_X}, [this, mark] { mark(m_ui->wrongButton); });
+    add({Qt::Key_P}, [this] {
+        if (m_ui->playButton->isEnabled())
+            m_ui->playButton->click();
+    });
+}
+
+bool TAVFlashCardQuizController::eventFilter(QObject *watched, QEvent *event)
+{
+    QWidget *page = m_view->page(QuizView::flashCardPage);
+    if (event->type() == QEvent::Hide && !event->spontaneous()) {
+        if (watched == page)
+            stopPlaying();
+        else
+            endRestartCountdown();
+    } else if (event->type() == QEvent::Resize && watched == page) {
+        m_ui->showAnswerHiddenButton->setGeometry(page->rect());
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void TAVFlashCardQuizController::scheduleOnPage(QuizView::Page page, Step step)
+{
+    platform::clock().callAfter(stepDelay, this, [this, page, step] {
+        if (m_view->currentPage() == page)
+            (this->*step)();
+    });
+}
+
+void TAVFlashCardQuizController::changeFlipTimeout()
+{
+    struct Speed
+    {
+        int flipTimeout;
+        int showAnswerTimeout;
+    };
+    constexpr Speed speeds[] = {{0, 0}, {3, 5}, {2, 3}, {1, 2}};
+    const int position = m_ui->flipTimeoutSlider->value();
+    const Speed speed = speeds[position >= 0 && position <= 2 ? position : 3];
+    m_flipTimeout = speed.flipTimeout;
+    m_showAnswerTimeout = speed.showAnswerTimeout;
+    platform::settings().setValue(settingskeys::learnFlipLevel, position);
+    platform::settings().setValue(settingskeys::learnHasSetTimeout, true);
+    m_ui->playButton->setEnabled(position > 0);
+    // Without a pace, the words would run through faster than anybody can read.
+    if (position == 0 && m_isAutoPlay)
+        togglePlay();
+}
+
+void TAVFlashCardQuizController::startQuiz()
+{
+    stopPlaying();
+    endRestartCountdown();
+    beginRun();
+}
+
+void TAVFlashCardQuizController::beginRun()
+{
+    m_numberOfCorrect = 0;
+    m_numberOfWrong = 0;
+    m_numberOfSkipped = 0;
+    m_wrongAnsweredWords.clear();
+    m_view->card()->setIsSplit(false);
+    m_isShowingSolution = false;
+    m_isQuestionComing = false;
+    m_currentWord = nextWordToAsk();
+    showProgress();
+    m_view->statusText()->show();
+    m_view->setProgressVisible(true);
+    setQuestion();
+    if (m_ui->flipTimeoutSlider->value() > 0)
+        togglePlay();
+}
+
+void TAVFlashCardQuizController::showProgress()
+{
+    const qint64 reached = m_numberOfCorrect + m_numberOfWrong + m_numberOfSkipped + 1;
+    m_view->setProgressStatus(std::min(reached, numberOfWordsToAsk()), numberOfWordsToAsk());
+    m_view->progressIndicator()->setTotal(quint64(numberOfWordsToAsk()));
+    m_view->progressIndicator()->setProgress(quint64(reached), quint64(m_numberOfCorrect));
+}
+
+void TAVFlashCardQuizController::setQuestion()
+{
+    m_autoPlayTimer.reset();
+    m_isQuestionComing = false;
+    m_lastAskedForeign = drawDirection();
+    m_ui->correctButton->setChecked(false);
+    m_ui->wrongButton->setChecked(false);
+    m_ui->dontAskAgainCheckBox->setChecked(false);
+    showTexts();
+    m_ui->correctAnswerTextField->hide();
+    m_ui->commentTextField->hide();
+    m_ui->editButton->setEnabled(false);
+    m_ui->deletedImageView->hide();
+    m_ui->buttonsTabView->setCurrentIndex(showButton);
+
+    const quint64 level = m_currentWord->level();
+    CardStyle::setPicture(m_ui->levelImageView, Icons::levelName(int(level)), levelSize);
+    CardStyle::setPicture(m_ui->upperLevelImageView, Icons::levelName(int(AnswerJudge::levelAbove(level))),
+                          levelSize);
+    CardStyle::setPicture(m_ui->lowerLevelImageView, Icons::levelName(int(levelBelow(level))), levelSize);
+    showMarks();
+    if (m_isAutoPlay)
+        armAutoPlay(m_showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
+}
+
+void TAVFlashCardQuizController::showTexts()
+{
+    m_ui->questionTextField->setWord(AnswerJudge::questionText(*m_currentWord, m_lastAskedForeign),
+                                     CardText::questionLimit);
+    m_ui->correctAnswerTextField->setWord(AnswerJudge::expectedText(*m_currentWord, m_lastAskedForeign),
+                                          CardText::answerLimit);
+    m_ui->commentTextField->setText(m_currentWord->comment());
+}
+
+void TAVFlashCardQuizController::flip(bool reverse, const std::function<void()> &change)
+{
+    CardFlip *flip = m_view->flip();
+    flip->setReverseDirection(reverse);
+    flip->setPulsesOpacity(true);
+    flip->flipFirstHalf();
+    change();
+    flip->flipSecondHalf();
+    flip->setReverseDirection(false);
+    flip->setPulsesOpacity(false);
+}
+
+void TAVFlashCardQuizController::flipSetQuestionAndReverseDirection(bool reverse)
+{
+    flip(reverse, [this] { setQuestion(); });
+}
+
+void TAVFlashCardQuizController::showSolution()
+{
+    m_showNextTimer.reset();
+    if (!m_currentWord || m_isQuestionComing || m_isShowingSolution)
+        return;
+    flip(true, [this] {
+        m_isShowingSolution = true;
+        m_autoPlayTimer.reset();
+        m_ui->correctAnswerTextField->show();
+        m_ui->commentTextField->show();
+        if (m_isAutoPlay)
+            armAutoPlay(m_flipTimeout, &TAVFlashCardQuizController::showNext);
+        const bool isNative = m_currentWord->level() >= 5;
+        m_ui->dontAskAgainCheckBox->setEnabled(isNative);
+        m_ui->dontAskAgainCheckBox->setVisible(isNative);
+        m_ui->dontAskAgainCheckBox->setChecked(false);
+        m_ui->editButton->setEnabled(true);
+        m_ui->buttonsTabView->setCurrentIndex(markButtons);
+    });
+}
+
+void TAVFlashCardQuizController::markCorrect()
+{
+    m_ui->wrongButton->setChecked(false);
+    armShowNext(correctMarkDelay);
+    showMarks();
+}
+
+void TAVFlashCardQuizController::markWrong()
+{
+    m_ui->correctButton->setChecked(false);
+    armShowNext(wrongMarkDelay);
+    showMarks();
+}
+
+void TAVFlashCardQuizController::showMarks()
+{
+    const bool isCorrect = m_ui->correctButton->isChecked();
+    const bool isWrong = m_ui->wrongButton->isChecked();
+    if (isCorrect)
+        m_view->card()->setColorCorrect();
+    else if (isWrong)
+        m_view->card()->setColorWrong();
+    else
+        m_view->card()->setColorNeutral();
+    const bool rises = isCorrect && m_currentWord->level() < 5;
+    const bool falls = isWrong && m_currentWord->level() > 0;
+    m_ui->upperLevelImageView->setVisible(rises);
+    m_ui->upArrowImageView->setVisible(rises);
+    m_ui->lowerLevelImageView->setVisible(falls);
+    m_ui->downArrowImageView->setVisible(falls);
+}
+
+void TAVFlashCardQuizController::armAutoPlay(int seconds, Step step)
+{
+    m_autoPlayTimer.reset();
+    m_autoPlayTimer =
+        platform::clock().startTimer(std::chrono::seconds(seconds), false, [this, step] { (this->*step)(); });
+}
+
+void TAVFlashCardQuizController::armShowNext(std::chrono::milliseconds delay)
+{
+    m_showNextTimer.reset();
+    m_showNextTimer = platform::clock().startTimer(delay, false, [this] { showNext(); });
+}
+
+void TAVFlashCardQuizController::showNext()
+{
+    m_showNextTimer.reset();
+    if (!m_currentWord || m_isQuestionComing)
+        return;
+    const bool wasPlaying = m_autoPlayTimer != nullptr;
+    m_autoPlayTimer.reset();
+    if (wasPlaying && m_isAutoPlay) {
+        if (m_isShowingSolution)
+            armAutoPlay(m_showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
+        else
+            armAutoPlay(m_flipTimeout, &TAVFlashCardQuizController::showNext);
+    }
+    if (!wasPlaying && !m_isShowingSolution) {
+        showSolution();
+        return;
+    }
+
+    m_isShowingSolution = false;
+    bookAnswer();
+    takeDontAskAgain();
+    m_currentWord = nextWordToAsk();
+    if (m_currentWord) {
+        m_isQuestionComing = true;
+        platform::clock().callAfter(questionDelay, this, [this] {
+            if (m_isQuestionComing)
+                flipSetQuestionAndReverseDirection(false);
+        });
+    } else {
+        if (m_isAutoPlay)
+            togglePlay();
+        showStatistics();
+    }
+    showProgress();
+    save();
+}
+
+void TAVFlashCardQuizController::bookAnswer()
+{
+    if (m_ui->wrongButton->isChecked()) {
+        ++m_numberOfWrong;
+        m_wrongAnsweredWords.append(m_currentWord);
+        vocabulary()->answeredWord(m_currentWord, -1);
+    } else if (m_ui->correctButton->isChecked()) {
+        ++m_numberOfCorrect;
+        vocabulary()->answeredWord(m_currentWord, 1);
+    } else {
+        ++m_numberOfSkipped;
+        vocabulary()->answeredWord(m_currentWord, 0);
+    }
+}
+
+void TAVFlashCardQuizController::takeDontAskAgain()
+{
+    if (!m_ui->dontAskAgainCheckBox->isChecked())
+        return;
+    m_currentWord->setDontAskAgain(true);
+    vocabulary()->invalidateCachedWordLists();
+    m_ui->dontAskAgainCheckBox->setChecked(false);
+}
+
+void TAVFlashCardQuizController::save()
+{
+    vocabulary()->setNeedsSync(true);
+    DropBoxController::sharedManager()->markFileAsNeedsSync(*vocabulary());
+    TAVStorageManager::saveVocabulary(vocabulary());
+}
+
+void TAVFlashCardQuizController::togglePlay()
+{
+    m_autoPlayTimer.reset();
+    m_isAutoPlay = !m_isAutoPlay;
+    if (m_isAutoPlay && m_isShowingSolution)
+        armAutoPlay(m_flipTimeout, &TAVFlashCardQuizController::showNext);
+    else if (m_isAutoPlay)
+        armAutoPlay(m_showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
+    m_ui->showAnswerButton->setEnabled(!m_isAutoPlay);
+    m_ui->showAnswerHiddenButton->setEnabled(!m_isAutoPlay);
+    m_ui->showAnswerButton->setVisible(!m_isAutoPlay);
+    m_ui->playButton->setText(m_isAutoPlay ? platform::localized("Learn", "pause")
+                                           : platform::localized("Learn", "play"));
+    m_ui->playButton->setIcon(
+        Icons::icon(m_isAutoPlay ? QStringLiteral("pause") : QStringLiteral("play"), CardText::textColor()));
+}
+
+void TAVFlashCardQuizController::stopPlaying()
+{
+    if (m_isAutoPlay)
+        togglePlay();
+    m_showNextTimer.reset();
+}
+
+void TAVFlashCardQuizController::showStatistics()
+{
+    scheduleOnPage(QuizView::flashCardPage, &TAVFlashCardQuizController::executeShowStatistics);
+}
+
+void TAVFlashCardQuizController::executeShowStatistics()
+{
+    stopPlaying();
+    endRestartCountdown();
+    m_isQuestionComing = false;
+    m_view->flip()->flipFirstHalf();
+    m_view->card()->setIsSplit(false);
+    if (m_currentWord) {
+        takeDontAskAgain();
+        const bool isMarked = m_ui->correctButton->isChecked() || m_ui->wrongButton->isChecked();
+        if (m_isShowingSolution && isMarked) {
+            bookAnswer();
+            vocabulary()->setNeedsSync(true);
+            DropBoxController::sharedManager()->markFileAsNeedsSync(*vocabulary());
+        }
+    }
+    m_isShowingSolution = false;
+    m_currentWord.reset();
+    TAVStorageManager::saveVocabulary(vocabulary());
+    DropBoxController::sharedManager()->syncWithDropbox();
+
+    m_view->showPage(QuizView::resultPage);
+    QuizResult result;
+    result.correct = m_numberOfCorrect;
+    result.between = m_numberOfSkipped;
+    result.betweenLabel = platform::localized("Learn", "skipped");
+    result.wrong = m_numberOfWrong;
+    result.total = numberOfWordsToAsk();
+    result.canRestartWithWrong = m_numberOfWrong > 0 && !m_wrongAnsweredWords.isEmpty();
+    m_view->card()->setColorNeutral();
+    m_view->result()->setResult(result, [this] { restartQuizWithWrong(); });
+    m_view->result()->extraPlace()->show();
+    m_view->result()->focusDefaultButton();
+    m_view->flip()->flipSecondHalf();
+    m_view->setProgressVisible(false);
+    RatingPrompt::shared()->logEvent(1);
+}
+
+void TAVFlashCardQuizController::restartQuizWithWrong()
+{
+    scheduleOnPage(QuizView::resultPage, &TAVFlashCardQuizController::executeRestartQuizWithWrong);
+}
+
+void TAVFlashCardQuizController::executeRestartQuizWithWrong()
+{
+    if (m_wrongAnsweredWords.isEmpty())
+        return;
+    endRestartCountdown();
+    m_view->flip()->flipFirstHalf();
+    setAskIndex(-1);
+    mutableWordsToAsk() = m_wrongAnsweredWords;
+    setNumberOfWordsToAsk(wordsToAsk().size());
+    beginRun();
+    m_view->showPage(QuizView::flashCardPage);
+    m_view->flip()->flipSecondHalf();
+}
+
+void TAVFlashCardQuizController::restartCountdown()
+{
+    if (m_restartCountdown < 0) {
+        m_restartCountdown = countdownSeconds;
+        m_restartCountdownTimer = platform::clock().startTimer(1s, true, [this] { restartCountdown(); });
+    } else if (m_restartCountdown == 0) {
+        endRestartCountdown();
+        m_view->flip()->flipFirstHalf();
+        setWordsToAsk(wordsToAsk());
+        startQuiz();
+        m_view->showPage(QuizView::flashCardPage);
+        m_view->flip()->flipSecondHalf();
+        return;
+    } else {
+        --m_restartCountdown;
+    }
+    m_restartControls->showCountdown(m_restartCountdown);
+}
+
+void TAVFlashCardQuizController::endRestartCountdown()
+{
+    m_restartCountdownTimer.reset();
+    m_restartCountdown = -1;
+    m_restartControls->showCountdown(m_restartCountdown);
+}
+
+void TAVFlashCardQuizController::editCurrentWord()
+{
+    if (!m_currentWord)
+        return;
+    // Who edits a word needs it to stay.
+    stopPlaying();
+    m_editor->showEditWindowForWords({m_currentWord}, vocabulary(), this);
+    m_editor->showBeside(m_ui->editButton, m_ui->editButton->rect());
+}
+
+void TAVFlashCardQuizController::closeAddWordPopover()
+{
+    if (m_editor->isInAddingMode())
+        m_editor->closeWordPanel(nullptr);
+}
+
+void TAVFlashCardQuizController::wordPopoverDidEditWords(const TAVWordList &)
+{
+    m_editor->hidePanel();
+    if (m_currentWord)
+        showTexts();
+}
+
+void TAVFlashCardQuizController::wordPopoverDidDeleteWords(const TAVWordList &words)
+{
+    m_ui->editButton->setEnabled(false);
+    m_ui->deletedImageView->show();
+    m_editor->hidePanel();
+    if (words.contains(m_currentWord))
+        showNext();
+    for (const TAVWordRef &word : words)
+        m_wrongAnsweredWords.removeAll(word);
+}
+
+void TAVFlashCardQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)
+{
+    m_editor->hidePanel();
+}

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "platform/Clock.h"
+#include "quiz/forms/QuizForm.h"
+#include "views/editor/TAVWordPopoverDelegate.h"
+
+#include <QObject>
+
+#include <memory>
+
+class FlashCardRestart;
+class QAbstractButton;
+class TAVWordPopoverController;
+
+namespace Ui {
+class TAVFlashCardQuiz;
+}
+
+/**
+ * The quiz in which nothing is typed: the card shows a question, then its solution, and the user marks the
+ * word as known or not, or lets it pass. Autoplay goes through the words by itself.
+ */
+class TAVFlashCardQuizController : public QObject, public QuizForm, public TAVWordPopoverDelegate
+{
+    Q_OBJECT
+
+public:
+    /** The view must outlive the controller. */
+    explicit TAVFlashCardQuizController(QuizView *view);
+    ~TAVFlashCardQuizController() override;
+
+    void startQuiz() override;
+    QuizView::Page page() const override { return QuizView::flashCardPage; }
+
+    /** Turns the card to its solution; in autoplay, the next word then comes by itself. */
+    void showSolution();
+    /** Shows the solution of a question; of a solution, books the answer and asks the next word. */
+    void showNext();
+    /** Take the state of correctButton or wrongButton, and move on shortly. */
+    void markCorrect();
+    void markWrong();
+    void togglePlay();
+    /** Ends autoplay and every move to the next word, so that no word is booked unseen. */
+    void stopPlaying();
+    /** Takes the slider's position. */
+    void changeFlipTimeout();
+    /** Each waits a moment, so that the pressed button is seen, and then does its execute operation. */
+    void showStatistics();
+    void restartQuizWithWrong();
+    /** One second of the countdown to a new run; the first call starts it. */
+    void restartCountdown();
+    void editCurrentWord();
+    void closeAddWordPopover();
+
+    const TAVWordRef &currentWord() const { return m_currentWord; }
+    const TAVWordList &wrongAnsweredWords() const { return m_wrongAnsweredWords; }
+    bool isShowingSolution() const { return m_isShowingSolution; }
+    bool isAutoPlay() const { return m_isAutoPlay; }
+    qint64 numberOfCorrect() const { return m_numberOfCorrect; }
+    qint64 numberOfWrong() const { return m_numberOfWrong; }
+    qint64 numberOfSkipped() const { return m_numberOfSkipped; }
+
+    void wordPopoverDidEditWords(const TAVWordList &words) override;
+    void wordPopoverDidDeleteWords(const TAVWordList &words) override;
+    void wordPopoverDidCancelEditWords(const TAVWordList &words) override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    using Step = void (TAVFlashCardQuizController::*)();
+
+    void localize();
+    void connectControls();
+    void addShortcuts();
+    void scheduleOnPage(QuizView::Page page, Step step);
+    void executeShowStatistics();
+    void executeRestartQuizWithWrong();
+    void endRestartCountdown();
+
+    void beginRun();
+    void setQuestion();
+    void flipSetQuestionAndReverseDirection(bool reverse);
+    /** Runs the change of the card's content under a flip that pulses. */
+    void flip(bool reverse, const std::function<void()> &change);
+    void armAutoPlay(int seconds, Step step);
+    void armShowNext(std::chrono::milliseconds delay);
+    /** Brings colour, pictures and arrows of the level preview in step with the two marks. */
+    void showMarks();
+    void bookAnswer();
+    void takeDontAskAgain();
+    void showTexts();
+    void showProgress();
+    void save();
+
+    QuizView *m_view;
+    std::unique_ptr<Ui::TAVFlashCardQuiz> m_ui;
+    std::unique_ptr<TAVWordPopoverController> m_editor;
+    FlashCardRestart *m_restartControls = nullptr;
+    TAVWordRef m_currentWord;
+    qint64 m_numberOfCorrect = 0;
+    qint64 m_numberOfWrong = 0;
+    qint64 m_numberOfSkipped = 0;
+    TAVWordList m_wrongAnsweredWords;
+    bool m_lastAskedForeign = true;
+    bool m_isShowingSolution = false;
+    /** The next word is chosen, but the card still shows the one before. */
+    bool m_isQuestionComing = false;
+    bool m_isAutoPlay = false;
+    /** Seconds that the solution and the question stay in autoplay. */
+    int m_flipTimeout = 0;
+    int m_showAnswerTimeout = 0;
+    std::unique_ptr<platform::Timer> m_autoPlayTimer;
+    std::unique_ptr<platform::Timer> m_showNextTimer;
+    std::unique_ptr<platform::Timer> m_restartCountdownTimer;
+    /** Seconds left; below 0 when none runs. */
+    int m_restartCountdown = -1;
+};
