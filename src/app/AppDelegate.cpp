@@ -1,0 +1,96 @@
+#include "app/AppDelegate.h"
+
+#include "DeployerValues.h"
+#include "app/ApplicationMover.h"
+#include "app/ground/SettingsKeys.h"
+#include "platform/DiagnosticLog.h"
+#include "platform/Services.h"
+#include "storage/TAVStorageManager.h"
+#include "sync/DropBoxController.h"
+#include "sync/TAVSyncLog.h"
+#include "usage/KeenClient.h"
+#include "usage/RatingPrompt.h"
+#include "usage/logging/DDASLLogger.h"
+#include "usage/logging/DDLog.h"
+#include "usage/logging/DDTTYLogger.h"
+
+#include <QUuid>
+
+void AppDelegate::load()
+{
+    RatingPrompt::Thresholds thresholds;
+    thresholds.daysUntilPrompt = 5;
+    thresholds.usesUntilPrompt = 10;
+    thresholds.eventsUntilPrompt = 10;
+    thresholds.promptAtLaunch = false;
+    thresholds.previewMode = false;
+    RatingPrompt::shared()->configure(thresholds);
+}
+
+AppDelegate::AppDelegate()
+{
+    DDLog::addLogger(DDASLLogger::sharedInstance());
+    DDLog::addLogger(DDTTYLogger::sharedInstance());
+    applicationSupportFolder();
+}
+
+AppDelegate::~AppDelegate()
+{
+    DDLog::removeLogger(DDTTYLogger::sharedInstance());
+    DDLog::removeLogger(DDASLLogger::sharedInstance());
+}
+
+void AppDelegate::applicationWillFinishLaunching()
+{
+    ApplicationMover::shared()->offerMoveToApplicationsFolder();
+}
+
+void AppDelegate::applicationDidFinishLaunching(const QString &notificationName)
+{
+    registerDefaults();
+    TAVStorageManager::tidyBackups();
+    platform::services().queues->globalAsync(
+        [] { DropBoxController::sharedManager()->syncSyncLogToDropbox(); });
+    DropBoxController::sharedManager()->syncWithDropbox();
+    startUsageClient();
+    if (m_mainWindowController)
+        m_mainWindowController->applicationDidFinishLaunching();
+    platform::diagnosticLog(
+        QLatin1String("didFinishLaunchingWithOptions: notification name %1").arg(notificationName));
+}
+
+void AppDelegate::registerDefaults()
+{
+    // The first holds for Application::notify(), which lets no exception pass.
+    platform::settings().registerDefaults(
+        {{QStringLiteral("NSApplicationCrashOnExceptions"), true},
+         {QStringLiteral("NSConstraintBasedLayoutVisualizeMutuallyExclusiveConstraints"), false}});
+}
+
+void AppDelegate::startUsageClient()
+{
+    KeenClient *client = KeenClient::sharedClient();
+    client->disableGeoLocation();
+    client->setKeys(QString::fromLatin1(deployer::keenProjectId), QString::fromLatin1(deployer::keenWriteKey),
+                    QString::fromLatin1(deployer::keenReadKey));
+    QString uuid = platform::settings().text(settingskeys::installationUuid);
+    if (uuid.isEmpty()) {
+        uuid = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        platform::settings().setValue(settingskeys::installationUuid, uuid);
+    }
+    client->setGlobalProperties({{QStringLiteral("userUUID"), uuid}});
+    client->collectKeenData();
+}
+
+bool AppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows)
+{
+    Q_UNUSED(hasVisibleWindows)
+    if (m_mainWindowController)
+        m_mainWindowController->updateViews();
+    return true;
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    TAVSyncLog::sharedManager()->saveLogAndClear();
+}

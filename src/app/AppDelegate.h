@@ -1,0 +1,46 @@
+#pragma once
+
+#include "app/ground/AppGround.h"
+
+/** What the entry object tells the main window. */
+class MainWindowLink
+{
+public:
+    virtual ~MainWindowLink() = default;
+    virtual void applicationDidFinishLaunching() = 0;
+    virtual void updateViews() = 0;
+};
+
+/**
+ * The entry object: fixes the order in which the subsystems start and stop. The composition calls it in the
+ * order of its declaration, all on the main thread.
+ */
+class AppDelegate : public AppGround
+{
+public:
+    /** What comes before everything else, even before the one instance: when the rating prompt asks. */
+    static void load();
+    /** Opens the log and makes the program's folder. */
+    AppDelegate();
+    ~AppDelegate() override;
+
+    void applicationWillFinishLaunching();
+    /** Not owned; set once the main window stands, and back to null before it goes. */
+    void setMainWindowController(MainWindowLink *controller) { m_mainWindowController = controller; }
+    /** The rest of the start. Nothing here waits for the background work that it begins. */
+    void applicationDidFinishLaunching(const QString &notificationName);
+
+    /** The user has started or chosen the running program once more. */
+    bool applicationShouldHandleReopen(bool hasVisibleWindows);
+
+    /** Always: every change has been saved when it was made, and a running sync can be cut off. */
+    bool applicationShouldTerminate() const { return true; }
+    bool applicationShouldTerminateAfterLastWindowClosed() const { return true; }
+    void applicationWillTerminate();
+
+private:
+    static void registerDefaults();
+    static void startUsageClient();
+
+    MainWindowLink *m_mainWindowController = nullptr;
+};

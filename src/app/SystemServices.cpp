@@ -1,0 +1,52 @@
+#include "app/SystemServices.h"
+
+#include "platform/desktop/SystemDesktop.h"
+#include "platform/desktop/SystemInputSources.h"
+
+namespace {
+
+/** For background work to come to its end; whoever quits shouldn't notice. */
+constexpr std::chrono::milliseconds patienceAtTheEnd{300};
+
+} // namespace
+
+SystemServices::SystemServices()
+    : m_folders(platform::makeSystemFolders())
+    , m_clock(platform::makeSystemClock())
+    , m_settings(platform::makeSystemSettings(m_folders->configDirectory()))
+    , m_random(platform::makeSystemRandomSource())
+    , m_queues(platform::makeSystemQueues())
+    , m_systemLog(platform::makeSystemLog())
+    , m_inputSources(std::make_unique<platform::InputSources>())
+    , m_desktop(platform::makeSystemDesktop())
+{
+    platform::Services services;
+    services.clock = m_clock.get();
+    services.settings = m_settings.get();
+    services.random = m_random.get();
+    services.queues = m_queues.get();
+    services.alerts = &m_alerts;
+    services.folders = m_folders.get();
+    services.browser = &m_browser;
+    services.inputSources = m_inputSources.get();
+    services.desktop = m_desktop.get();
+    services.reachability = &m_reachability;
+    services.systemLog = m_systemLog.get();
+    platform::installServices(services);
+    // Needs the clock to be installed.
+    m_inputSources = platform::makeSystemInputSources();
+    services.inputSources = m_inputSources.get();
+    platform::installServices(services);
+}
+
+SystemServices::~SystemServices()
+{
+    platform::installServices({});
+}
+
+bool SystemServices::finish()
+{
+    m_alerts.end();
+    m_settings->synchronize();
+    return m_queues->finish(patienceAtTheEnd);
+}
