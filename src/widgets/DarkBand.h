@@ -9,4 +9,7 @@ class DarkBand : public QWidget
 
 public:
     explicit DarkBand(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 };

@@ -16,6 +16,10 @@
         <translation>Alle Schlagwörter</translation>
     </message>
     <message>
+        <source>answerIn</source>
+        <translation>Antwort auf %1</translation>
+    </message>
+    <message>
         <source>any</source>
         <translation>mit einem davon</translation>
     </message>
@@ -56,8 +60,16 @@
         <translation>Aus den Stufen</translation>
     </message>
     <message>
+        <source>hint</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
         <source>iKnewIt</source>
         <translation>Ich wusste es</translation>
+    </message>
+    <message>
+        <source>levelFalls</source>
+        <translation>Das Wort fällt zurück</translation>
     </message>
     <message>
         <source>levelLongTerm</source>
@@ -70,6 +82,10 @@
     <message>
         <source>levelNative</source>
         <translation>Wie Muttersprache</translation>
+    </message>
+    <message>
+        <source>levelRises</source>
+        <translation>Das Wort steigt auf</translation>
     </message>
     <message>
         <source>levelShortTerm</source>
@@ -96,6 +112,10 @@
         <translation>Kein Wort der gewählten Stufen hat diese Schlagwörter. Wähle andere Stufen oder Schlagwörter.</translation>
     </message>
     <message>
+        <source>nothingSelected</source>
+        <translation>Wähle mindestens eine Stufe.</translation>
+    </message>
+    <message>
         <source>noWords</source>
         <translation>Es gibt noch keine Wörter. Lege im Vokabular welche an.</translation>
     </message>
@@ -110,10 +130,6 @@
     <message>
         <source>noWordsWithTags</source>
         <translation>Kein Wort hat diese Schlagwörter.</translation>
-    </message>
-    <message>
-        <source>nothingSelected</source>
-        <translation>Wähle mindestens eine Stufe.</translation>
     </message>
     <message>
         <source>numberOfWords</source>
@@ -250,10 +266,6 @@
     <message>
         <source>wrong</source>
         <translation>Falsch</translation>
-    </message>
-    <message>
-        <source>yourAnswer</source>
-        <translation>Deine Antwort</translation>
     </message>
     <message>
         <source>zeroEntered</source>

@@ -16,6 +16,10 @@
         <translation>All tags</translation>
     </message>
     <message>
+        <source>answerIn</source>
+        <translation>Answer in %1</translation>
+    </message>
+    <message>
         <source>any</source>
         <translation>with any of them</translation>
     </message>
@@ -56,8 +60,16 @@
         <translation>From the levels</translation>
     </message>
     <message>
+        <source>hint</source>
+        <translation>Hint</translation>
+    </message>
+    <message>
         <source>iKnewIt</source>
         <translation>I knew it</translation>
+    </message>
+    <message>
+        <source>levelFalls</source>
+        <translation>The word falls</translation>
     </message>
     <message>
         <source>levelLongTerm</source>
@@ -70,6 +82,10 @@
     <message>
         <source>levelNative</source>
         <translation>Native</translation>
+    </message>
+    <message>
+        <source>levelRises</source>
+        <translation>The word rises</translation>
     </message>
     <message>
         <source>levelShortTerm</source>
@@ -96,6 +112,10 @@
         <translation>No word of the chosen levels has these tags. Choose other levels or tags.</translation>
     </message>
     <message>
+        <source>nothingSelected</source>
+        <translation>Choose at least one level.</translation>
+    </message>
+    <message>
         <source>noWords</source>
         <translation>There are no words yet. Add some in the vocabulary.</translation>
     </message>
@@ -110,10 +130,6 @@
     <message>
         <source>noWordsWithTags</source>
         <translation>No word has these tags.</translation>
-    </message>
-    <message>
-        <source>nothingSelected</source>
-        <translation>Choose at least one level.</translation>
     </message>
     <message>
         <source>numberOfWords</source>
@@ -250,10 +266,6 @@
     <message>
         <source>wrong</source>
         <translation>Wrong</translation>
-    </message>
-    <message>
-        <source>yourAnswer</source>
-        <translation>Your answer</translation>
     </message>
     <message>
         <source>zeroEntered</source>

@@ -42,7 +42,9 @@ void makeDefault(QPushButton *button, bool isDefault)
     }
     QPalette palette = button->palette();
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        palette.setColor(group, QPalette::Button, palette.color(QPalette::Active, QPalette::Highlight));
+        // Styles lighten a button's colour, on which its light text could not be read.
+        palette.setColor(group, QPalette::Button,
+                         palette.color(QPalette::Active, QPalette::Highlight).darker(130));
         palette.setColor(group, QPalette::ButtonText,
                          palette.color(QPalette::Active, QPalette::HighlightedText));
     }

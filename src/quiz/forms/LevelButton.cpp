@@ -46,8 +46,12 @@ void LevelButton::paintEvent(QPaintEvent *)
         painter.fillPath(frame, QColor(255, 255, 255, 190));
     else if (underMouse())
         painter.fillPath(frame, QColor(255, 255, 255, 90));
-    if (isChecked() || hasFocus())
-        painter.strokePath(frame, QPen(accent, hasFocus() ? 2.0 : 1.0));
+    if (isChecked())
+        painter.strokePath(frame, accent);
+    if (hasFocus()) {
+        painter.setPen(QColor(0, 0, 0, 110));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5), radius - 3, radius - 3);
+    }
 
     painter.setOpacity(m_alpha);
     const QRect picture((width() - pictureSize) / 2, padding, pictureSize, pictureSize);

@@ -50,8 +50,8 @@ QuizView::QuizView(QWidget *parent)
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(16);
     column->addStretch(0);
-    column->addWidget(m_band);
     column->addWidget(m_card, 1);
+    column->addWidget(m_band);
     column->addStretch(0);
     setProgressVisible(false);
 }

@@ -10,7 +10,7 @@ class TAVCardView;
 class TAVProgressBar;
 
 /**
- * The content of the quiz tab: one card with five pages, and above it the progress of the run. The
+ * The content of the quiz tab: one card with five pages, and below it the progress of the run. The
  * controllers of the pages fill them in; they share the card and its flip.
  */
 class QuizView : public QWidget
@@ -36,7 +36,7 @@ public:
     TAVProgressBar *progressIndicator() const { return m_progressIndicator; }
     /** The line "question so and so of so many". */
     void setProgressStatus(qint64 question, qint64 total);
-    /** The whole band above the card; it keeps its place when hidden, so that the card doesn't move. */
+    /** The whole band below the card; it keeps its place when hidden, so that the card doesn't move. */
     void setProgressVisible(bool visible);
 
 private:

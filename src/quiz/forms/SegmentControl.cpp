@@ -1,8 +1,64 @@
 #include "quiz/forms/SegmentControl.h"
 
+#include <QAbstractButton>
 #include <QButtonGroup>
 #include <QHBoxLayout>
-#include <QToolButton>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace {
+
+constexpr double radius = 6.0;
+constexpr QSize padding(20, 8);
+
+/** One segment. It leaves Return to the page's default button, as no push button would. */
+class Segment : public QAbstractButton
+{
+public:
+    explicit Segment(QWidget *parent)
+        : QAbstractButton(parent)
+    {
+        setCheckable(true);
+        setFocusPolicy(Qt::StrongFocus);
+        setAttribute(Qt::WA_Hover);
+    }
+
+    QSize sizeHint() const override { return fontMetrics().size(Qt::TextSingleLine, text()) + 2 * padding; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        QRectF place = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+        // Only the corners at the ends of the row are round: the other ones lie outside the clip.
+        const QWidget *row = parentWidget();
+        if (x() > 0)
+            place.setLeft(-2 * radius);
+        if (geometry().right() < row->width() - 1)
+            place.setRight(width() + 2 * radius);
+        QPainterPath frame;
+        frame.addRoundedRect(place, radius, radius);
+        const bool isLit = isChecked() || (isEnabled() && underMouse());
+        const QColor accent = palette().color(QPalette::Highlight);
+        QColor background = palette().color(QPalette::Base);
+        if (isLit)
+            background = isChecked() ? accent : accent.lighter(185);
+        painter.fillPath(frame, background);
+        painter.strokePath(frame, QColor(0, 0, 0, 70));
+        if (x() > 0)
+            painter.drawLine(QPointF(0.5, 0.5), QPointF(0.5, height() - 0.5));
+        painter.setPen(palette().color(isChecked() ? QPalette::HighlightedText : QPalette::ButtonText));
+        if (hasFocus()) {
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRoundedRect(rect().adjusted(4, 4, -4, -4), radius / 2, radius / 2);
+        }
+        painter.drawText(rect(), Qt::AlignCenter, text());
+    }
+};
+
+} // namespace
 
 SegmentControl::SegmentControl(QWidget *parent)
     : QWidget(parent)
@@ -11,50 +67,15 @@ SegmentControl::SegmentControl(QWidget *parent)
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
-    connect(m_group, &QButtonGroup::idToggled, this, [this](int segment, bool on) {
-        if (on)
-            emit selectedSegmentChanged(segment);
-    });
 }
 
 void SegmentControl::addSegment(const QString &text)
 {
-    // A tool button, so that Return is left to the page's default button.
-    auto *button = new QToolButton(this);
-    button->setText(text);
-    button->setCheckable(true);
-    button->setFocusPolicy(Qt::StrongFocus);
-    button->setChecked(m_group->buttons().isEmpty());
-    m_group->addButton(button, int(m_group->buttons().size()));
-    layout()->addWidget(button);
-    styleSegments();
-}
-
-void SegmentControl::styleSegments()
-{
-    const int last = int(m_group->buttons().size()) - 1;
-    for (int i = 0; i <= last; ++i) {
-        const QString style = QStringLiteral(
-            "QToolButton { background: palette(base); color: palette(text); border: 1px solid rgba(0,0,0,60);"
-            " %1 padding: 7px 20px; }"
-            "QToolButton:disabled { color: rgba(0,0,0,90); }"
-            "QToolButton:checked { background: palette(highlight); color: palette(highlighted-text); }"
-            "QToolButton:focus { border: 2px solid palette(highlight); padding: 6px 19px; }"
-            "QToolButton:checked:focus { border: 2px solid rgba(0,0,0,110); }");
-        QString corners;
-        if (i == 0)
-            corners += QLatin1String("border-top-left-radius: 6px; border-bottom-left-radius: 6px;");
-        if (i == last)
-            corners += QLatin1String("border-top-right-radius: 6px; border-bottom-right-radius: 6px;");
-        if (i > 0)
-            corners += QLatin1String("border-left: none;");
-        m_group->button(i)->setStyleSheet(style.arg(corners));
-    }
-}
-
-void SegmentControl::setSegmentText(int segment, const QString &text)
-{
-    m_group->button(segment)->setText(text);
+    auto *segment = new Segment(this);
+    segment->setText(text);
+    segment->setChecked(m_group->buttons().isEmpty());
+    m_group->addButton(segment, int(m_group->buttons().size()));
+    layout()->addWidget(segment);
 }
 
 void SegmentControl::setSegmentEnabled(int segment, bool enabled)

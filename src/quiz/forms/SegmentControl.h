@@ -14,16 +14,10 @@ public:
 
     /** Appends a segment; the first one starts switched on. */
     void addSegment(const QString &text);
-    void setSegmentText(int segment, const QString &text);
     void setSegmentEnabled(int segment, bool enabled);
     int selectedSegment() const;
     void setSelectedSegment(int segment);
 
-signals:
-    void selectedSegmentChanged(int segment);
-
 private:
-    void styleSegments();
-
     QButtonGroup *m_group = nullptr;
 };

@@ -4,6 +4,7 @@
 #include "platform/Services.h"
 #include "platform/Texts.h"
 #include "quiz/forms/CardStyle.h"
+#include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizForm.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/ReturnKey.h"
@@ -27,15 +28,6 @@ constexpr qint64 secondCallWithinMs = 750;
 constexpr qint64 wordsOfAUsualQuiz = 30;
 enum DirectionTag { foreignTag, yourTag, bothTag };
 enum TagRule { allTagsRule, anyTagRule };
-
-QString levelName(size_t level)
-{
-    constexpr const char *keys[] = {
-        QT_TRANSLATE_NOOP("Quiz", "levelUnknown"),   QT_TRANSLATE_NOOP("Quiz", "levelUltraShort"),
-        QT_TRANSLATE_NOOP("Quiz", "levelShortTerm"), QT_TRANSLATE_NOOP("Quiz", "levelMidTerm"),
-        QT_TRANSLATE_NOOP("Quiz", "levelLongTerm"),  QT_TRANSLATE_NOOP("Quiz", "levelNative")};
-    return platform::localized("Quiz", keys[level]);
-}
 
 int pluralNumber(qint64 number)
 {
@@ -62,6 +54,7 @@ TAVQuizSetupController::TAVQuizSetupController(QuizView *view, const VocabularyS
     CardStyle::enlarge(m_ui->quizStartQuizButton, 1.15);
     CardStyle::makeDefault(m_ui->quizStartQuizButton);
     CardStyle::setTextColor(m_ui->errorLabel, QColor::fromRgbF(0.68f, 0.2f, 0.29f));
+    CardStyle::keepPlaceWhenHidden(m_ui->errorLabel);
     m_ui->infoTabView->hide();
     m_ui->promptTabView->hide();
     localize();
@@ -91,7 +84,7 @@ void TAVQuizSetupController::localize()
     m_ui->quizModeSegmentControl->setAccessibleName(platform::localized("Quiz", "setup"));
     for (size_t level = 0; level < m_levelButtons.size(); ++level) {
         m_levelButtons[level]->setLevel(int(level));
-        m_levelButtons[level]->setText(levelName(level));
+        m_levelButtons[level]->setText(LevelPicture::name(level));
     }
 }
 
@@ -188,7 +181,7 @@ void TAVQuizSetupController::showCounts(const LevelCounts &counts)
     for (size_t level = 0; level < counts.size(); ++level) {
         m_dueLabels[level]->setText(
             platform::localized("Quiz", "wordsDue", nullptr, pluralNumber(counts[level])));
-        m_levelButtons[level]->setAccessibleName(levelName(level) + QLatin1String(", ") +
+        m_levelButtons[level]->setAccessibleName(LevelPicture::name(level) + QLatin1String(", ") +
                                                  m_dueLabels[level]->text());
     }
     m_allWordsOverDue = std::accumulate(counts.begin(), counts.end(), qint64(0));
@@ -340,7 +333,7 @@ QString TAVQuizSetupController::plan() const
     QStringList levels;
     for (size_t level = 0; level < chosen.levels.size(); ++level) {
         if (chosen.levels[level])
-            levels.append(levelName(level));
+            levels.append(LevelPicture::name(level));
     }
     const QLocale locale;
     const QString answer =

@@ -4,6 +4,7 @@
 #include "platform/Services.h"
 #include "platform/Texts.h"
 #include "quiz/forms/CardStyle.h"
+#include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/ReturnKey.h"
 #include "storage/TAVStorageManager.h"
@@ -12,7 +13,6 @@
 #include "usage/RatingPrompt.h"
 #include "widgets/CardFlip.h"
 #include "widgets/CardText.h"
-#include "widgets/Icons.h"
 #include "widgets/TAVCardView.h"
 #include "widgets/TAVProgressBar.h"
 
@@ -22,9 +22,7 @@ namespace {
 
 constexpr std::chrono::milliseconds stepDelay = 200ms;
 constexpr std::chrono::milliseconds firstFocusDelay = 1s;
-constexpr int levelSize = 40;
 constexpr int markSize = 32;
-constexpr int arrowSize = 20;
 
 bool isRight(Verdict verdict)
 {
@@ -54,10 +52,10 @@ TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
     for (QLabel *label : {m_ui->answerUpperLevelImageView, m_ui->answerArrowImageView,
                           m_ui->questionLevelImageView, m_ui->deletedImageView})
         CardStyle::keepPlaceWhenHidden(label);
-    CardStyle::setPicture(m_ui->deletedImageView, QStringLiteral("deleted"), levelSize);
+    CardStyle::setPicture(m_ui->deletedImageView, QStringLiteral("deleted"), LevelPicture::size);
     CardStyle::setPicture(m_ui->correctedAnswerIndicator, QStringLiteral("checkmark_32"), markSize);
-    CardStyle::setPicture(m_ui->cardLeftHelpArrow, QStringLiteral("arrow_up"), arrowSize, 0.5);
-    CardStyle::setPicture(m_ui->cardRightHelpArrow, QStringLiteral("arrow_up"), arrowSize, 0.5);
+    CardStyle::setPicture(m_ui->cardLeftHelpArrow, QStringLiteral("arrow_up"), LevelPicture::arrowSize, 0.5);
+    CardStyle::setPicture(m_ui->cardRightHelpArrow, QStringLiteral("arrow_up"), LevelPicture::arrowSize, 0.5);
     for (QLabel *label : {static_cast<QLabel *>(m_ui->commentTextField),
                           static_cast<QLabel *>(m_ui->questionCommentTextField), m_ui->cardLeftHelpText,
                           m_ui->cardRightHelpText})
@@ -79,8 +77,9 @@ void TAVTypingQuizController::localize()
     m_ui->editButton->setText(platform::localized("Quiz", "edit"));
     m_ui->nextButton->setText(platform::localized("Quiz", "flipCard"));
     m_ui->cardRightHelpText->setText(platform::localized("Quiz", "cardRightHelpText"));
-    m_ui->answerTextField->setAccessibleName(platform::localized("Quiz", "yourAnswer"));
-    m_ui->answerTextField->setPlaceholderText(platform::localized("Quiz", "yourAnswer"));
+    m_ui->correctedAnswerIndicator->setAccessibleName(platform::localized("Quiz", "correct"));
+    m_ui->cardLeftHelpArrow->setAccessibleName(platform::localized("Quiz", "hint"));
+    m_ui->cardRightHelpArrow->setAccessibleName(platform::localized("Quiz", "hint"));
     m_ui->deletedImageView->setAccessibleName(platform::localized("Quiz", "wordDeleted"));
     m_ui->deletedImageView->setToolTip(platform::localized("Quiz", "wordDeleted"));
 }
@@ -91,7 +90,6 @@ void TAVTypingQuizController::connectControls()
     connect(m_ui->showStatisticsButton, &QPushButton::clicked, this,
             &TAVTypingQuizController::showStatistics);
     connect(m_ui->iKnewItCheckBox, &QCheckBox::clicked, this, &TAVTypingQuizController::iKnewIt);
-    connect(m_ui->editButton, &QPushButton::clicked, this, &TAVTypingQuizController::editLastWord);
     connect(m_view->flip(), &CardFlip::animationDidStop, this, &TAVTypingQuizController::focusWhatComesNext);
     new ReturnKey(m_view->page(QuizView::typingQuizPage),
                   [this] { m_nextWord ? m_ui->nextButton->click() : m_ui->showStatisticsButton->click(); });
@@ -181,9 +179,14 @@ void TAVTypingQuizController::setQuestion()
     m_ui->questionTextField->setWord(AnswerJudge::questionText(*m_nextWord, m_lastAskedForeign),
                                      CardText::questionLimit);
     m_ui->answerTextField->clear();
+    const QString prompt =
+        platform::localized("Quiz", "answerIn")
+            .arg(m_lastAskedForeign ? vocabulary()->foreignLanguageName() : vocabulary()->yourLanguageName());
+    m_ui->answerTextField->setPlaceholderText(prompt);
+    m_ui->answerTextField->setAccessibleName(prompt);
     m_ui->questionCommentTextField->setText(m_nextWord->comment());
     m_ui->questionCommentTextField->setVisible(isShowCommentWithQuestion());
-    CardStyle::setPicture(m_ui->questionLevelImageView, Icons::levelName(m_nextWord->level()), levelSize);
+    LevelPicture::showLevel(m_ui->questionLevelImageView, m_nextWord->level());
 }
 
 void TAVTypingQuizController::selectInputSourceOfAnswer()
@@ -212,7 +215,6 @@ void TAVTypingQuizController::executeNext()
     showVerdict(verdict);
     showLeftHelp(verdict);
     showLastTexts(verdict, answer);
-    setControl(m_ui->editButton, true);
     m_ui->deletedImageView->hide();
 
     m_nextWord = nextWordToAsk();
@@ -253,10 +255,21 @@ void TAVTypingQuizController::showVerdict(Verdict verdict)
     showLevels(verdict);
     setControl(m_ui->iKnewItCheckBox, !isRight(verdict));
     setControl(m_ui->dontAskAgainCheckBox, isRight(verdict) && m_judge.lastWordOriginLevel() == 5);
-    const QString mark = isRight(verdict)                 ? QStringLiteral("checkmark_32")
-                         : verdict == Verdict::misspelled ? QStringLiteral("misspelled_32")
-                                                          : QStringLiteral("strikeout_32");
-    CardStyle::setPicture(m_ui->answerWrongCorrectIndicator, mark, markSize, isRight(verdict) ? 1.0 : 0.5);
+    showMark(verdict);
+}
+
+void TAVTypingQuizController::showMark(Verdict verdict)
+{
+    const auto show = [this](const QString &picture, double opacity, const QString &meaning) {
+        CardStyle::setPicture(m_ui->answerWrongCorrectIndicator, picture, markSize, opacity);
+        m_ui->answerWrongCorrectIndicator->setAccessibleName(meaning);
+    };
+    if (isRight(verdict))
+        show(QStringLiteral("checkmark_32"), 1.0, platform::localized("Quiz", "correct"));
+    else if (verdict == Verdict::misspelled)
+        show(QStringLiteral("misspelled_32"), 0.5, platform::localized("Quiz", "misspelled"));
+    else
+        show(QStringLiteral("strikeout_32"), 0.5, platform::localized("Quiz", "wrong"));
 }
 
 void TAVTypingQuizController::showCardColor(Verdict verdict)
@@ -279,12 +292,9 @@ void TAVTypingQuizController::showLevels(Verdict verdict)
     const quint64 after = lastWord()->level();
     const bool falls = verdict == Verdict::wrong;
     const bool moves = isRight(verdict) ? before != 5 : falls && before != 0;
-    CardStyle::setPicture(m_ui->answerLowerLevelImageView, Icons::levelName(falls ? after : before),
-                          levelSize);
-    CardStyle::setPicture(m_ui->answerUpperLevelImageView, Icons::levelName(falls ? before : after),
-                          levelSize);
-    CardStyle::setPicture(m_ui->answerArrowImageView,
-                          falls ? QStringLiteral("arrow_down") : QStringLiteral("arrow_up"), arrowSize);
+    LevelPicture::showLevel(m_ui->answerLowerLevelImageView, falls ? after : before);
+    LevelPicture::showLevel(m_ui->answerUpperLevelImageView, falls ? before : after);
+    LevelPicture::showArrow(m_ui->answerArrowImageView, !falls);
     m_ui->answerLowerLevelImageView->show();
     m_ui->answerUpperLevelImageView->setVisible(moves);
     m_ui->answerArrowImageView->setVisible(moves);
@@ -336,10 +346,9 @@ void TAVTypingQuizController::iKnewIt()
         return;
     }
     m_view->card()->setColorCorrect();
-    CardStyle::setPicture(m_ui->answerLowerLevelImageView, Icons::levelName(before), levelSize);
-    CardStyle::setPicture(m_ui->answerUpperLevelImageView, Icons::levelName(AnswerJudge::levelAbove(before)),
-                          levelSize);
-    CardStyle::setPicture(m_ui->answerArrowImageView, QStringLiteral("arrow_up"), arrowSize);
+    LevelPicture::showLevel(m_ui->answerLowerLevelImageView, before);
+    LevelPicture::showLevel(m_ui->answerUpperLevelImageView, AnswerJudge::levelAbove(before));
+    LevelPicture::showArrow(m_ui->answerArrowImageView, true);
     m_ui->answerLowerLevelImageView->show();
     m_ui->answerUpperLevelImageView->show();
     m_ui->answerArrowImageView->setVisible(present != 5);
@@ -407,10 +416,6 @@ void TAVTypingQuizController::focusWhatComesNext()
     else
         m_ui->showStatisticsButton->setFocus();
 }
-
-void TAVTypingQuizController::editLastWord() {}
-
-void TAVTypingQuizController::closeAddWordPopover() {}
 
 void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &)
 {

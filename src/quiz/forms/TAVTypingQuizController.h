@@ -9,7 +9,6 @@
 #include <memory>
 
 class QuizView;
-class TAVWordPopoverController;
 
 namespace Ui {
 class TAVTypingQuiz;
@@ -37,8 +36,6 @@ public:
     void restartQuizWithWrong();
     /** Shows what the user's overrule will do; it takes effect when the run moves on. */
     void iKnewIt();
-    void editLastWord();
-    void closeAddWordPopover();
     /** Lets the four help overlays come once more. */
     static void resetQuizHelp();
 
@@ -68,6 +65,7 @@ private:
     void takeCheckBoxes();
     void showVerdict(Verdict verdict);
     void showLevels(Verdict verdict);
+    void showMark(Verdict verdict);
     void showCardColor(Verdict verdict);
     void showLeftHelp(Verdict verdict);
     void showLastTexts(Verdict verdict, const QString &answer);

@@ -4,7 +4,9 @@
 
 #include <QPainter>
 #include <QStyle>
-#include <QTextOption>
+#include <QTextLayout>
+
+#include <cmath>
 
 namespace {
 
@@ -12,16 +14,32 @@ constexpr int leastFont = 8;
 /** More text than this can't be read on a card, and would take long to lay out. */
 constexpr qsizetype longestText = 2000;
 
-int wrapFlags(Qt::Alignment alignment)
+/** Breaks the text between words, or within one that is too long for a line. Gives the height of all lines.
+ */
+double breakIntoLines(QTextLayout &layout, const QFont &font, const QString &text, Qt::Alignment alignment,
+                      double width)
 {
-    return int(alignment) | Qt::TextWrapAnywhere | Qt::TextWordWrap;
+    QTextOption option(alignment);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setTextDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    layout.setTextOption(option);
+    layout.setFont(font);
+    layout.setText(QString(text).replace(QLatin1Char('\n'), QChar::LineSeparator));
+    layout.beginLayout();
+    double height = 0.0;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        line.setPosition({0.0, height});
+        height += line.height();
+    }
+    layout.endLayout();
+    return height;
 }
 
-bool fits(const QFont &font, const QString &text, const QSize &size, Qt::Alignment alignment)
+bool fits(const QFont &font, const QString &text, const QSize &size)
 {
-    const QRect bounds =
-        QFontMetrics(font).boundingRect(QRect(0, 0, size.width(), 100'000), wrapFlags(alignment), text);
-    return bounds.width() <= size.width() && bounds.height() <= size.height();
+    QTextLayout layout;
+    return breakIntoLines(layout, font, text, Qt::AlignLeft, size.width()) <= size.height();
 }
 
 } // namespace
@@ -54,15 +72,15 @@ std::pair<QFont, QString> WordLabel::fitted(const QSize &size) const
 {
     QString shown = text().left(longestText);
     QFont font = this->font();
-    while (!fits(font, shown, size, alignment()) && font.pointSize() > leastFont)
+    while (!fits(font, shown, size) && font.pointSize() > leastFont)
         font.setPointSize(font.pointSize() - 1);
-    if (fits(font, shown, size, alignment()) && shown.size() == text().size())
+    if (fits(font, shown, size) && shown.size() == text().size())
         return {font, shown};
     // Halving finds the longest beginning that fits together with the ellipsis.
     qsizetype fitting = 0;
     for (qsizetype tooLong = shown.size() + 1; tooLong - fitting > 1;) {
         const qsizetype middle = (fitting + tooLong) / 2;
-        (fits(font, shown.left(middle) + QChar(0x2026), size, alignment()) ? fitting : tooLong) = middle;
+        (fits(font, shown.left(middle) + QChar(0x2026), size) ? fitting : tooLong) = middle;
     }
     return {font, shown.left(fitting) + QChar(0x2026)};
 }
@@ -73,10 +91,11 @@ void WordLabel::paintEvent(QPaintEvent *)
     const auto [font, shown] = fitted(place.size());
     if (shown.size() != text().size() && toolTip().isEmpty())
         setToolTip(text().left(longestText).toHtmlEscaped());
+    QTextLayout layout;
+    const double height = breakIntoLines(layout, font, shown, alignment(), place.width());
+    const QRectF lines = QStyle::alignedRect(Qt::LeftToRight, alignment() & Qt::AlignVertical_Mask,
+                                             QSize(place.width(), int(std::ceil(height))), place);
     QPainter painter(this);
-    painter.setFont(font);
     painter.setPen(palette().color(foregroundRole()));
-    const auto alignmentHere =
-        QStyle::visualAlignment(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight, alignment());
-    painter.drawText(place, wrapFlags(alignmentHere), shown);
+    layout.draw(&painter, lines.topLeft());
 }
