@@ -10,6 +10,7 @@
 
 class ArchiveDecoder;
 class ArchiveEncoder;
+class FieldSink;
 class TAVDailyStatisticsSnapshot;
 class TAVLexicon;
 
@@ -31,6 +32,7 @@ public:
 
     static TAVSnapshotRef initWithDictionary(const QJsonObject &dictionary);
     QJsonObject dictionaryRepresentation() const;
+    void writeFields(FieldSink &sink) const;
     static TAVSnapshotRef initWithCoder(const ArchiveDecoder &decoder);
     void encodeWithCoder(ArchiveEncoder &encoder) const;
 
@@ -59,6 +61,7 @@ public:
 
     static std::shared_ptr<TAVStatistics> initWithDictionary(const QJsonObject &dictionary);
     QJsonObject dictionaryRepresentation() const;
+    void writeFields(FieldSink &sink) const;
     static std::shared_ptr<TAVStatistics> initWithCoder(const ArchiveDecoder &decoder);
     void encodeWithCoder(ArchiveEncoder &encoder) const;
 

@@ -13,6 +13,7 @@
 
 class ArchiveDecoder;
 class ArchiveEncoder;
+class FieldSink;
 class TAVLexicon;
 class TAVWord;
 
@@ -32,6 +33,8 @@ public:
     /** Reads the short keys of a vocabulary file; absent: a word with all defaults. */
     static TAVWordRef initWithDictionary(const std::optional<QJsonObject> &dictionary);
     QJsonObject dictionaryRepresentation() const;
+    /** The fields of dictionaryRepresentation(), which are the form in a vocabulary's file. */
+    void writeFields(FieldSink &sink) const;
     static TAVWordRef initWithCoder(const ArchiveDecoder &decoder);
     void encodeWithCoder(ArchiveEncoder &encoder) const;
 

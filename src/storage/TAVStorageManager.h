@@ -14,8 +14,8 @@ public:
     /** "<foreign> - <your>", also the name of the vocabulary's file. */
     static QString displayNameForVocabulary(const TAVLexicon &vocabulary);
     /**
-     * The file's path in the vocabulary folder. Empty for names that would lead out of that folder, whatever a
-     * file says of them; a save to an empty path fails with its alert.
+     * The file's path in the vocabulary folder. Empty for names that would lead out of that folder, whatever
+     * a file says of them; a save to an empty path fails with its alert.
      */
     static QString savePathForVocabulary(const TAVLexicon &vocabulary);
     static QUrl saveUrlForVocabularyWithName(const QString &name);
