@@ -1,17 +1,22 @@
 #pragma once
 
 #include "model/TAVLexicon.h"
+#include "platform/Clock.h"
 #include "platform/InputSources.h"
+#include "views/editor/TAVLanguageTextField.h"
+#include "views/editor/TAVLanguageTokenField.h"
 #include "views/editor/TAVWordPopoverDelegate.h"
+#include "views/editor/WordEdits.h"
 
 #include <QObject>
-#include <QPoint>
+#include <QPointer>
 #include <QRect>
 
 #include <functional>
 #include <memory>
 
 class ArrowPopup;
+class QKeyEvent;
 class QWidget;
 
 namespace Ui {
@@ -23,12 +28,14 @@ class TAVWordPopover;
  * It writes into the words of the vocabulary, saves, and reports to its delegate. Each of its users makes one
  * of its own.
  */
-class TAVWordPopoverController : public QObject
+class TAVWordPopoverController : public QObject,
+                                 public OHLanguageTextFieldDelegate,
+                                 public OHLanguageTokenFieldDelegate
 {
     Q_OBJECT
 
 public:
-    /** The panel is owned by the parent widget's window. */
+    /** The panel belongs to the parent widget's window. */
     explicit TAVWordPopoverController(QWidget *parentWidget);
     ~TAVWordPopoverController() override;
 
@@ -49,17 +56,43 @@ public:
     void closeWordPanel(QObject *sender);
     void deleteWord();
 
+    /** Set when the panel is filled, cleared by a save or a deletion; a cancel leaves it as it is. */
     bool isActive() const { return m_isActive; }
     bool isInAddingMode() const { return m_isInAddingMode; }
     void setIsInAddingMode(bool flag) { m_isInAddingMode = flag; }
     const TAVWordList &selectedWords() const { return m_selectedWords; }
 
-    /** What quizSelectedButton does. */
+    /** What quizSelectedButton does; without it the button stays hidden. */
     void setQuizSelectedAction(std::function<void()> action);
 
+    void languageTextFieldDidBecomeActive(TAVLanguageTextField *field) override;
+    void languageTextFieldDidLoseFocus(TAVLanguageTextField *) override {}
+    void languageTokenFieldDidBecomeActive(TAVLanguageTokenField *field) override;
+    void languageTokenFieldDidLoseFocus(TAVLanguageTokenField *) override {}
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void localize();
+    void connectControls();
+    void setupPopoverGUI();
+    void showOneWord(const TAVWord &word);
+    void showManyWords();
+    void focusSoon();
+    WordEdits::Content content() const;
+    /** False if nothing was written, as the panel's texts make too many words. */
+    bool writeOneWord();
+    bool handleKey(const QKeyEvent &event);
+    bool saveOrStay();
+    void end();
+    void switchKeyboardTo(const platform::InputSourceRef &source);
+    /** For a field that isn't bound to one language: switches only where both languages have their source. */
+    void switchKeyboardToEither(bool foreign);
+    void switchKeyboardBack();
+
     std::unique_ptr<Ui::TAVWordPopover> m_ui;
-    ArrowPopup *m_popup = nullptr;
+    QPointer<ArrowPopup> m_popup;
     TAVWordPopoverDelegate *m_delegate = nullptr;
     TAVWordList m_selectedWords;
     TAVLexiconRef m_vocabulary;
@@ -68,4 +101,8 @@ private:
     bool m_isSwitchTagsKeyboardToForeign = false;
     bool m_isSwitchCommentKeyboardToForeign = false;
     platform::InputSourceRef m_textInputSourceBackup;
+    std::function<void()> m_quizSelected;
+    /** What the panel was filled with; tells whether the user has changed anything. */
+    WordEdits::Content m_shownContent;
+    std::unique_ptr<platform::Timer> m_focusTimer;
 };

@@ -1,0 +1,49 @@
+#include "views/editor/TAVLanguageTextField.h"
+
+#include "views/editor/LanguageFocus.h"
+
+namespace {
+
+bool breaksLine(QChar character)
+{
+    return character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
+           character == QChar::ParagraphSeparator;
+}
+
+} // namespace
+
+TAVLanguageTextField::TAVLanguageTextField(QWidget *parent)
+    : QLineEdit(parent)
+{
+    connect(this, &QLineEdit::textEdited, this, [this](const QString &typed) {
+        QString clean = typed;
+        clean.remove(QChar(u'\0'));
+        for (QChar &character : clean) {
+            if (breaksLine(character))
+                character = u' ';
+        }
+        if (clean == typed)
+            return;
+        const auto place = cursorPosition() - int(typed.size() - clean.size());
+        setText(clean);
+        setModified(true);
+        setCursorPosition(std::max(place, 0));
+    });
+}
+
+void TAVLanguageTextField::focusInEvent(QFocusEvent *event)
+{
+    QLineEdit::focusInEvent(event);
+    if (m_ohDelegate && movesBetweenFields(*event))
+        m_ohDelegate->languageTextFieldDidBecomeActive(this);
+}
+
+void TAVLanguageTextField::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    if (!movesBetweenFields(*event))
+        return;
+    emit textShouldEndEditing();
+    if (m_ohDelegate)
+        m_ohDelegate->languageTextFieldDidLoseFocus(this);
+}
