@@ -101,12 +101,6 @@ void DDFileLogger::willRemoveLogger()
     closeLogFile();
 }
 
-void DDFileLogger::flush()
-{
-    if (m_file.isOpen() && !m_file.flush())
-        tellWriteFailure(m_file.errorString());
-}
-
 void DDFileLogger::openLogFile()
 {
     QString path;
@@ -121,10 +115,13 @@ void DDFileLogger::openLogFile()
     m_hasLogged = true;
     if (path.isEmpty())
         path = m_logFileManager.createNewLogFile();
-    m_file.setFileName(path);
-    if (path.isEmpty())
+    if (path.isEmpty()) {
+        tellWriteFailure(QStringLiteral("no file can be made in ") + m_logFileManager.logsDirectory());
         return;
-    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Append)) {
+    }
+    m_file.setFileName(path);
+    // Unbuffered, so that a line is out before the next one is taken.
+    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
         tellWriteFailure(m_file.errorString());
         return;
     }

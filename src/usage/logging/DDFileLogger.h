@@ -37,7 +37,6 @@ public:
 
     void logMessage(const DDLogMessage &message) override;
     void willRemoveLogger() override;
-    void flush() override;
 
 private:
     void openLogFile();

@@ -97,10 +97,8 @@ bool DDLogFileInfo::isYoungerThan(const DDLogFileInfo &other) const
 {
     if (creationDate() != other.creationDate())
         return creationDate() > other.creationDate();
-    // Within one tick of the file system's clock the number in the name tells: "... 9" comes before "... 10".
-    const QString name = fileName();
-    const QString otherName = other.fileName();
-    return name.size() != otherName.size() ? name.size() > otherName.size() : name > otherName;
+    // Within one tick of the file system's clock: the one that is still being written.
+    return !isArchived() && other.isArchived();
 }
 
 const DDLogFileInfo::Attributes &DDLogFileInfo::attributes() const

@@ -80,11 +80,8 @@ QString DDLogFileManagerDefault::createNewLogFile()
         path = stem + u' ' + QString::number(number) + QStringLiteral(".log");
 
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        platform::diagnosticLog(QStringLiteral("DDLogFileManagerDefault: Error creating file (%1): %2")
-                                    .arg(path, file.errorString()));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return {};
-    }
     file.close();
     deleteOldLogFiles();
     return path;
