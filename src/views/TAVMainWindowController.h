@@ -5,12 +5,11 @@
 #include "storage/exchange/Exchange.h"
 #include "sync/DropBoxController.h"
 #include "views/HubReceivers.h"
+#include "views/MainTab.h"
 
 #include <QDateTime>
 #include <QMainWindow>
-#include <QPointer>
 
-#include <array>
 #include <functional>
 #include <memory>
 
@@ -22,9 +21,6 @@ class TAVFile;
 class TAVHelpController;
 class TAVLexiconController;
 class TAVUpdateController;
-
-/** The pages of the main window, in the order of the toolbar. */
-enum class MainTab { Vocabulary, Quiz, Quizlet, Statistics, Settings, FirstStartSetup };
 
 /**
  * The hub: owns the one window with its toolbar, tabs and menus, decides what is seen at start, loads and
@@ -85,6 +81,7 @@ public:
     void import();
     /** Named export: in the menu; that word is taken in this language. */
     void exportVocabulary();
+    void showAbout();
     void visitSupport();
     void goToAppSupportFolder();
     void setFirstLanguage();
@@ -120,10 +117,14 @@ protected:
 
 private:
     void buildWindow();
-    void wireMenu();
-    void localize();
+    void connectActions();
+    QWidget *makeCalmPage(MainTab tab);
     void setPage(MainTab tab, QWidget *page);
+    void callTab(MainTab tab);
+    /** The common end of all tab switches. */
     void selectTab(MainTab tab);
+    void leaveVocabularyPage();
+    void setActionsEnabled(bool enabled);
     void loadLastLanguage(const QList<std::shared_ptr<TAVFile>> &languages);
     void selectCurrentLanguageInPopup();
     void setWindowSizeFromSettings();
@@ -131,8 +132,6 @@ private:
     TAVLexiconRef vocabulary() const;
     /** Where the current vocabulary is saved; empty without one. */
     QString currentSavePath() const;
-    void showAbout();
-
     std::unique_ptr<QMainWindow> m_mainWindow;
     QStackedWidget *m_mainTabView = nullptr;
     MainToolbar *m_toolbar = nullptr;

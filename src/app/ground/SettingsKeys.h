@@ -19,6 +19,12 @@ inline constexpr QLatin1String installationUuid{"installation_uuid"};
 inline constexpr QLatin1String lastActiveLanguage{"lastActiveLanguage"};
 /** Boolean; false. */
 inline constexpr QLatin1String hasShownVocabularyHelp{"hasShownVocabularyHelp"};
+/** Text, width and height in pixels as "1080x720"; absent. */
+inline constexpr QLatin1String mainWindowSize{"mainWindowSize"};
+
+// TAVLexiconController
+/** Text, "column:width" for each column of the word table in its order, divided by commas; absent. */
+inline constexpr QLatin1String vocabularyTableColumns{"vocabularyTableColumns"};
 
 // Setup of a quiz: direction. Both false is read as foreign.
 /** Boolean; false. */

@@ -1,0 +1,220 @@
+#include "platform/DiagnosticLog.h"
+#include "platform/Services.h"
+#include "storage/TAVStorageManager.h"
+#include "ui_VocabularyView.h"
+#include "views/TAVLexiconController.h"
+#include "views/editor/TAVWordPopoverController.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qsizetype longestDeletionHistory = 100;
+
+} // namespace
+
+TAVWordList TAVLexiconController::getSelectedWordsArray()
+{
+    TAVWordList words;
+    const QList<int> rows = m_ui->vocabularyTable->selectedRowList();
+    words.reserve(rows.size());
+    for (const int row : rows)
+        words.append(m_model->wordAtRow(row));
+    return words;
+}
+
+void TAVLexiconController::deselectWords()
+{
+    m_wordEditor->closeWordPanel(nullptr);
+    m_ui->vocabularyTable->clearSelection();
+}
+
+void TAVLexiconController::tableViewSelectionDidChange()
+{
+    const QList<int> rows = m_ui->vocabularyTable->selectedRowList();
+    if (rows.isEmpty()) {
+        m_selectedWord.reset();
+        updateStatusText();
+        return;
+    }
+    if (adoptReplacedVocabulary())
+        return;
+    m_selectedWord = m_model->wordAtRow(rows.first());
+    updateStatusText();
+    showEditorForSelection(rows);
+}
+
+void TAVLexiconController::showEditorForSelection(const QList<int> &rows)
+{
+    QWidget *viewport = m_ui->vocabularyTable->viewport();
+    QRect cell = m_ui->vocabularyTable->visualRect(m_model->index(rows.first(), WordTableModel::YourWord));
+    // The first of many selected rows may have been scrolled away.
+    cell.moveTop(std::clamp(cell.top(), 0, std::max(0, viewport->height() - cell.height())));
+    m_wordEditor->showEditWindowForWords(getSelectedWordsArray(), m_vocabulary, this);
+    m_wordEditor->showBeside(viewport, cell.intersected(viewport->rect()));
+}
+
+bool TAVLexiconController::adoptReplacedVocabulary()
+{
+    if (m_listedVocabulary.lock() == m_vocabulary || !m_vocabulary)
+        return false;
+    const QList<int> rows = m_ui->vocabularyTable->selectedRowList();
+    const TAVWordRef chosen = rows.size() == 1 ? m_model->wordAtRow(rows.first()) : nullptr;
+    updateEntireView();
+    const TAVWordRef successor = chosen ? m_vocabulary->findWordEqualTo(*chosen) : nullptr;
+    const qsizetype index = currentWordsToShow().indexOf(successor);
+    if (index >= 0)
+        m_ui->vocabularyTable->selectOnlyRow(int(calculateWordIndexForRow(index)));
+    return true;
+}
+
+void TAVLexiconController::closeAddWordPopover()
+{
+    if (m_wordEditor->isInAddingMode())
+        m_wordEditor->closeWordPanel(nullptr);
+}
+
+void TAVLexiconController::hideWordEditor()
+{
+    m_wordEditor->hidePanel();
+}
+
+void TAVLexiconController::showAddWordPanel()
+{
+    if (!m_vocabulary)
+        return;
+    const auto word = std::make_shared<TAVWord>(QString(), QString(), QString());
+    {
+        const UpdateHold oneUpdate(*this);
+        deselectAllTags();
+        emptySearchField();
+        selectMemoryView(m_ui->level0Button);
+        m_vocabulary->addWord(word);
+        updateEntireView();
+    }
+    const qsizetype index = currentWordsToShow().indexOf(word);
+    m_wordEditor->setIsInAddingMode(true);
+    // The place in the list is the row, also while the table shows the list from its end.
+    m_ui->vocabularyTable->selectOnlyRow(int(index));
+}
+
+void TAVLexiconController::wordPopoverDidAddWords(const TAVWordList &words, bool shallAddMore)
+{
+    Q_UNUSED(words)
+    updateEntireView();
+    hideWordEditor();
+    markFileAsNeedsSync();
+    if (shallAddMore)
+        platform::clock().callAfter(500ms, this, [this] { showAddWordPanel(); });
+    else
+        syncWithDropbox();
+}
+
+void TAVLexiconController::wordPopoverDidEditWords(const TAVWordList &words)
+{
+    Q_UNUSED(words)
+    updateEntireView();
+    hideWordEditor();
+    markFileAsNeedsSync();
+    syncWithDropbox();
+}
+
+void TAVLexiconController::wordPopoverDidDeleteWords(const TAVWordList &words)
+{
+    rememberDeletion(words);
+    const QList<int> rows = m_ui->vocabularyTable->selectedRowList();
+    hideWordEditor();
+    markFileAsNeedsSync();
+    updateEntireView();
+    syncWithDropbox();
+    if (!rows.isEmpty())
+        putCursorNear(rows.first());
+}
+
+void TAVLexiconController::wordPopoverDidCancelAddingWords(const TAVWordList &words)
+{
+    if (m_vocabulary) {
+        for (const TAVWordRef &word : words)
+            m_vocabulary->removeWord(word);
+    }
+    updateEntireView();
+    hideWordEditor();
+    syncWithDropbox();
+}
+
+void TAVLexiconController::wordPopoverDidCancelEditWords(const TAVWordList &words)
+{
+    Q_UNUSED(words)
+    hideWordEditor();
+}
+
+void TAVLexiconController::wordPopoverDidMoveSelection(int direction)
+{
+    const QList<int> rows = m_ui->vocabularyTable->selectedRowList();
+    if (rows.isEmpty())
+        return;
+    const int row = direction < 0 ? rows.first() - 1 : rows.last() + 1;
+    m_ui->vocabularyTable->selectOnlyRow(row);
+}
+
+void TAVLexiconController::putCursorNear(int row)
+{
+    const QModelIndex index =
+        m_model->index(std::min(row, m_model->rowCount() - 1), WordTableModel::YourWord);
+    if (index.isValid())
+        m_ui->vocabularyTable->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+}
+
+void TAVLexiconController::deleteSelectedWords()
+{
+    const TAVWordList words = getSelectedWordsArray();
+    if (words.isEmpty() || !m_vocabulary)
+        return;
+    if (m_wordEditor->isInAddingMode()) {
+        m_wordEditor->closeWordPanel(nullptr);
+        return;
+    }
+    if (m_wordEditor->selectedWords() != words)
+        m_wordEditor->showEditWindowForWords(words, m_vocabulary, this);
+    m_wordEditor->deleteWord();
+}
+
+void TAVLexiconController::rememberDeletion(const TAVWordList &words)
+{
+    TAVWordList kept = words;
+    kept.removeIf(
+        [](const TAVWordRef &word) { return word->yourWord().isEmpty() && word->foreignWord().isEmpty(); });
+    if (kept.isEmpty())
+        return;
+    m_deletions.append(kept);
+    if (m_deletions.size() > longestDeletionHistory)
+        m_deletions.removeFirst();
+}
+
+void TAVLexiconController::undoDeletion()
+{
+    if (m_deletions.isEmpty() || !m_vocabulary)
+        return;
+    m_vocabulary->restoreWords(m_deletions.takeLast());
+    m_vocabulary->setNeedsSync(true);
+    markFileAsNeedsSync();
+    if (!TAVStorageManager::saveVocabulary(m_vocabulary))
+        platform::diagnosticLog(QStringLiteral("VocController > undoDeletion > could not save voc"));
+    updateEntireView();
+    syncWithDropbox();
+}
+
+bool TAVLexiconController::acceptDrop(int row, const QString &text)
+{
+    const TAVWordRef word = m_model->wordAtRow(row);
+    if (!word || !m_vocabulary)
+        return false;
+    word->addTag(text);
+    word->setModificationID(platform::secondsSince1970(platform::clock()));
+    m_vocabulary->setNeedsSync(true);
+    markFileAsNeedsSync();
+    if (!TAVStorageManager::saveVocabulary(m_vocabulary))
+        platform::diagnosticLog(QStringLiteral("VocController > acceptDrop > could not save voc"));
+    syncWithDropbox();
+    return true;
+}

@@ -1,0 +1,216 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>Vocabulary</name>
+    <message>
+        <source>%ld unknown words, %ld total words</source>
+        <translation>%1 unbekannte Wörter, %2 insgesamt</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>addWordButtonTitle</source>
+        <translation>Neues Wort</translation>
+    </message>
+    <message>
+        <source>addWordMenuItemTitle</source>
+        <translation>Neues Wort</translation>
+    </message>
+    <message numerus="yes">
+        <source>allStatus</source>
+        <translation>
+            <numerusform>Ein Wort</numerusform>
+            <numerusform>%n Wörter</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>allWordsHeadding</source>
+        <translation>Alle Wörter</translation>
+    </message>
+    <message>
+        <source>allWordsInfoText</source>
+        <translation>Alles, was du in dieser Sprache gesammelt hast.</translation>
+    </message>
+    <message>
+        <source>allWordsLabel</source>
+        <translation>Alle Wörter</translation>
+    </message>
+    <message>
+        <source>cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>commentTableColumnTitle</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>deleteDuplicates</source>
+        <translation>Doppelte entfernen</translation>
+    </message>
+    <message>
+        <source>displaySearchResultsInfo</source>
+        <translation>Wörter, die zu „%1“ passen.</translation>
+    </message>
+    <message>
+        <source>displaySynonymsHeader</source>
+        <translation>Synonyme</translation>
+    </message>
+    <message>
+        <source>displaySynonymsInfo</source>
+        <translation>Wörter, die sich eine Bedeutung oder Schreibweise mit einem anderen teilen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>duplicatesDeleted</source>
+        <translation>
+            <numerusform>Ein doppeltes Wort wurde entfernt.</numerusform>
+            <numerusform>%n doppelte Wörter wurden entfernt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>lastAskedTableColumnTitle</source>
+        <translation>Zuletzt gefragt</translation>
+    </message>
+    <message>
+        <source>levelsLabel</source>
+        <translation>Gedächtnisstufen</translation>
+    </message>
+    <message>
+        <source>longHeadding</source>
+        <translation>Langzeit</translation>
+    </message>
+    <message>
+        <source>longInfoText</source>
+        <translation>Fast geschafft: Diese Wörter kommen nach drei Tagen wieder.</translation>
+    </message>
+    <message>
+        <source>midHeadding</source>
+        <translation>Mittelfristig</translation>
+    </message>
+    <message>
+        <source>midInfoText</source>
+        <translation>Diese Wörter kommen nach einem Tag wieder.</translation>
+    </message>
+    <message>
+        <source>nativeHeadding</source>
+        <translation>Wie Muttersprache</translation>
+    </message>
+    <message>
+        <source>nativeInfoText</source>
+        <translation>Die kannst du im Schlaf. Sie kommen nach einer Woche wieder.</translation>
+    </message>
+    <message>
+        <source>nativeStatus</source>
+        <translation>%1 Wörter, davon %2 nicht mehr gefragt, von %3</translation>
+    </message>
+    <message>
+        <source>noWordsAdded</source>
+        <translation>Noch keine Wörter. Leg mit „Neues Wort“ oder Strg+N los.</translation>
+    </message>
+    <message>
+        <source>noWordsInLevel</source>
+        <translation>Hier sind keine Wörter</translation>
+    </message>
+    <message>
+        <source>noWordsInLevelSmall</source>
+        <translation>Wörter kommen hierher, wenn du sie im Quiz beantwortest. Auch eine Suche oder Schlagwörter können sie verbergen.</translation>
+    </message>
+    <message>
+        <source>noWordsUnknown</source>
+        <translation>Keine unbekannten Wörter hier. Zeit für neue!</translation>
+    </message>
+    <message>
+        <source>reallyDeleteDuplicates</source>
+        <translation>Doppelte Wörter entfernen?</translation>
+    </message>
+    <message>
+        <source>reallyDeleteDuplicatesMsg</source>
+        <translation>Von Wörtern mit denselben beiden Texten bleibt das, das du am besten kannst.</translation>
+    </message>
+    <message>
+        <source>searchPlaceholder</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>searchStatus</source>
+        <translation>%1 von %2 Wörtern gefunden</translation>
+    </message>
+    <message>
+        <source>selectAllTagsButtonTitle</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>selectNoneTagsButtonTitle</source>
+        <translation>Keine</translation>
+    </message>
+    <message numerus="yes">
+        <source>selectedStatus</source>
+        <translation>
+            <numerusform>eines ausgewählt</numerusform>
+            <numerusform>%n ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>shortHeadding</source>
+        <translation>Kurzzeit</translation>
+    </message>
+    <message>
+        <source>shortInfoText</source>
+        <translation>Diese Wörter kommen nach drei Stunden wieder.</translation>
+    </message>
+    <message>
+        <source>showAllWords</source>
+        <translation>Alle Wörter zeigen</translation>
+    </message>
+    <message>
+        <source>showSynonyms</source>
+        <translation>Synonyme zeigen</translation>
+    </message>
+    <message>
+        <source>synonymsStatus</source>
+        <translation>%1 Synonyme von %2 Wörtern</translation>
+    </message>
+    <message>
+        <source>tagsFilter</source>
+        <translation>Schlagwörter</translation>
+    </message>
+    <message>
+        <source>tagsTableColumnTitle</source>
+        <translation>Schlagwörter</translation>
+    </message>
+    <message>
+        <source>toggleStatus</source>
+        <translation>Zwischen Wortzahl und Abgleich wechseln</translation>
+    </message>
+    <message>
+        <source>ultraShortHeadding</source>
+        <translation>Ultrakurzzeit</translation>
+    </message>
+    <message>
+        <source>ultraShortInfoText</source>
+        <translation>Eben kennengelernt: Diese Wörter kommen nach einer Viertelstunde wieder.</translation>
+    </message>
+    <message>
+        <source>unknownHeadding</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>unknownInfoText</source>
+        <translation>Hier beginnen neue Wörter, bereit für ihr erstes Quiz.</translation>
+    </message>
+    <message>
+        <source>unknownWarningText</source>
+        <translation>Das sind viele unbekannte Wörter. Lern erst ein paar davon, bevor neue dazukommen.</translation>
+    </message>
+    <message>
+        <source>wordTable</source>
+        <translation>Wörter</translation>
+    </message>
+    <message>
+        <source>wordsStatus</source>
+        <translation>%1 von %2 Wörtern</translation>
+    </message>
+</context>
+</TS>
