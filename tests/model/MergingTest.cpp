@@ -40,24 +40,6 @@ public:
         }
     }
 
-    void addWord(const TAVWordRef &word, qint64 id, const TAVLexiconRef &owner)
-    {
-        word->setCreationID(id);
-        append(word, owner);
-        if (word->yourWord().isEmpty() && word->foreignWord().isEmpty())
-            return;
-        for (const TAVWordRef &other : std::as_const(allWords)) {
-            if (other->yourWord() == word->yourWord() || other->foreignWord() == word->foreignWord())
-                addSynonyms(other, word);
-        }
-    }
-
-    void removeWord(TAVWordRef word)
-    {
-        allWords.removeOne(word);
-        synonyms.removeOne(word);
-    }
-
     void merge(const TAVWordList &others, const TAVLexiconRef &owner)
     {
         bool takeOther = false;
@@ -82,7 +64,7 @@ public:
             }
             if (takeOther) {
                 if (local)
-                    removeWord(local);
+                    allWords.removeOne(local);
                 append(other, owner);
             }
         }
@@ -213,62 +195,38 @@ std::string contentsOf(const TAVWordList &words)
     return lines.join(u'\n').toStdString();
 }
 
-TAVLexiconRef vocabularyInOrder(const TAVWordList &words)
-{
-    const auto vocabulary = std::make_shared<TAVLexicon>();
-    for (const TAVWordRef &word : words)
-        vocabulary->addWordWithID(word, word->creationID());
-    return vocabulary;
-}
-
 } // namespace
 
 TEST_F(MergingTest, equalsThePlainReadingOnRandomVocabularies)
 {
-    for (quint32 seed = 0; seed < 4000 && !HasFailure(); ++seed) {
+    for (quint32 seed = 0; seed < 3000 && !HasFailure(); ++seed) {
         RandomWords random(seed);
         const auto vocabulary = std::make_shared<TAVLexicon>();
         vocabulary->setYourFacultativeWords({u"der"_s});
-        EXPECT_TRUE(vocabulary->synonyms().isEmpty());
         PlainVocabulary plain;
-        for (int step = 1 + random.upTo(4); step > 0 && !HasFailure(); --step) {
+        for (int step = 2 + random.upTo(3); step > 0; --step) {
             const TAVWordList words = random.words(7);
             const TAVWordList copies = copiesOf(words);
-            const int operation = random.upTo(4);
+            const int operation = random.upTo(3);
+            TAVLexicon other;
+            for (const TAVWordRef &word : words)
+                other.addWordWithID(word, word->creationID());
+            TAVWordList others;
+            for (const TAVWordRef &word : other.allWords())
+                others.append(copies.at(words.indexOf(word)));
             if (operation == 0) {
-                const TAVLexiconRef other = vocabularyInOrder(words);
-                other->setYourFacultativeWords({u"der"_s});
-                const TAVWordList order = other->allWords();
-                TAVWordList others;
-                for (const TAVWordRef &word : order)
-                    others.append(copies.at(words.indexOf(word)));
-                vocabulary->mergeWithOtherVersion(*other);
-                plain.merge(others, vocabulary);
-            } else if (operation == 1) {
-                const bool addAllToUnknown = random.upTo(1);
-                const TAVLexiconRef other = vocabularyInOrder(words);
-                TAVWordList others;
-                for (const TAVWordRef &word : other->allWords())
-                    others.append(copies.at(words.indexOf(word)));
-                vocabulary->joinWithVocabulary(*other, addAllToUnknown);
-                plain.join(others, addAllToUnknown, vocabulary);
-                EXPECT_EQ(contentsOf(words), contentsOf(copies));
-            } else if (operation == 2) {
                 EXPECT_EQ(vocabulary->deleteDuplicates(), plain.deleteDuplicates()) << seed;
-            } else if (operation == 3) {
-                for (qsizetype i = 0; i < words.size(); ++i) {
-                    vocabulary->addWordWithID(words[i], words[i]->creationID());
-                    plain.addWord(copies[i], copies[i]->creationID(), vocabulary);
-                }
-            } else if (vocabulary->countAllWords() > 0) {
-                const int index = random.upTo(int(vocabulary->countAllWords()) - 1);
-                vocabulary->removeWord(vocabulary->allWords().at(index));
-                plain.removeWord(plain.allWords.at(index));
+            } else if (operation == 1) {
+                vocabulary->mergeWithOtherVersion(other);
+                plain.merge(others, vocabulary);
+            } else {
+                vocabulary->joinWithVocabulary(other, operation == 2);
+                plain.join(others, operation == 2, vocabulary);
+                EXPECT_EQ(contentsOf(words), contentsOf(copies));
             }
             EXPECT_EQ(contentsOf(vocabulary->allWords()), contentsOf(plain.allWords))
                 << seed << ' ' << operation;
-            EXPECT_EQ(contentsOf(vocabulary->synonyms().values()), contentsOf(plain.synonyms))
-                << seed << ' ' << operation;
+            EXPECT_EQ(contentsOf(vocabulary->synonyms().values()), contentsOf(plain.synonyms)) << seed;
         }
     }
 }
@@ -304,14 +262,4 @@ TEST_F(MergingTest, takenWordsBelongToTheReceiverAlone)
     EXPECT_EQ(vocabulary->countAllWords(), 2);
     EXPECT_TRUE(vocabulary->allTags().contains(u"t"_s));
     EXPECT_FALSE(vocabulary->needsSync());
-}
-
-TEST_F(MergingTest, batchKeepsIdsThatAreSet)
-{
-    const TAVWordRef words[] = {makeWord({.creationID = -1}), makeWord({.creationID = 0}),
-                                makeWord({.creationID = 5})};
-    const TAVLexiconRef vocabulary = makeVocabulary({words[0], words[1], words[2]});
-    EXPECT_EQ(words[0]->creationID(), TAVLexicon::currentTime());
-    EXPECT_EQ(words[1]->creationID(), 0);
-    EXPECT_EQ(words[2]->creationID(), 5);
 }

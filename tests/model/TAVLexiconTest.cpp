@@ -3,23 +3,9 @@
 #include "support/TestServices.h"
 #include "support/Words.h"
 
-#include <QRandomGenerator>
-
 using namespace Qt::StringLiterals;
 
 using TAVLexiconTest = ServicesTest;
-
-TEST_F(TAVLexiconTest, startsEmptyWithOneSnapshot)
-{
-    const auto vocabulary = std::make_shared<TAVLexicon>();
-    EXPECT_EQ(vocabulary->countAllWords(), 0);
-    EXPECT_TRUE(vocabulary->level0Words().isEmpty());
-    EXPECT_EQ(vocabulary->statistics()->numberOfDaysRecorded(), 1);
-    EXPECT_TRUE(vocabulary->isAutoSelectInputSource());
-    EXPECT_EQ(vocabulary->language(), u"unknownLanguage"_s);
-    vocabulary->setForeignLanguageName(u"Italian"_s);
-    EXPECT_EQ(vocabulary->language(), u"Italian"_s);
-}
 
 TEST_F(TAVLexiconTest, levelListsAreStaleUntilDropped)
 {
@@ -28,7 +14,6 @@ TEST_F(TAVLexiconTest, levelListsAreStaleUntilDropped)
     const TAVWordRef c = makeWord({.foreignWord = u"c"_s});
     const TAVLexiconRef vocabulary = makeVocabulary({a, b, c});
     EXPECT_EQ(vocabulary->level5Words(), TAVWordList({a, b}));
-    EXPECT_EQ(vocabulary->wordsOfLevel(77), vocabulary->level5Words());
     EXPECT_EQ(vocabulary->nativeWithoutDontAsk(), TAVWordList({b}));
 
     a->setDontAskAgain(false);
@@ -39,7 +24,6 @@ TEST_F(TAVLexiconTest, levelListsAreStaleUntilDropped)
     EXPECT_TRUE(vocabulary->level0Words().isEmpty());
     EXPECT_EQ(vocabulary->level1Words(), TAVWordList({c}));
     EXPECT_EQ(vocabulary->nativeWithoutDontAsk(), TAVWordList({a, b}));
-
     vocabulary->removeWord(a);
     EXPECT_EQ(vocabulary->level5Words(), TAVWordList({b}));
 }
@@ -47,23 +31,18 @@ TEST_F(TAVLexiconTest, levelListsAreStaleUntilDropped)
 TEST_F(TAVLexiconTest, idsComeFromTheClock)
 {
     services.clock.setNow(QDateTime(QDate(2001, 1, 1), QTime(0, 16, 40, 999), Qt::UTC));
-    EXPECT_EQ(TAVLexicon::currentTime(), 1000);
-    const std::pair<qint64, qint64> cases[] = {{0, 100000},       {99, 100000},     {100, 1000000},
-                                               {999, 1000000},    {1000, 10000000}, {9999, 10000000},
-                                               {10000, 100000000}};
+    const std::pair<qint64, qint64> cases[] = {{99, 100000},     {100, 1000000},   {999, 1000000},
+                                               {1000, 10000000}, {9999, 10000000}, {10000, 100000000}};
     for (const auto &[range, expected] : cases)
         EXPECT_EQ(TAVLexicon::batchImportIdForRange(range), expected) << range;
 
     const TAVWordRef first = makeWord({.foreignWord = u"b"_s, .creationID = 5});
-    const TAVWordRef second = makeWord({.foreignWord = u"a"_s});
     const auto vocabulary = std::make_shared<TAVLexicon>();
     vocabulary->addWord(first);
-    vocabulary->addWord(second);
+    vocabulary->addWord(makeWord({.foreignWord = u"a"_s}));
     vocabulary->addWord(nullptr);
-    vocabulary->addWordWithID(makeWord({}), 3);
     EXPECT_EQ(first->creationID(), 1000);
-    EXPECT_EQ(vocabulary->findWordByID(1000), first);
-    EXPECT_TRUE(vocabulary->containsWordWithID(3));
+    EXPECT_EQ(vocabulary->findWordByID(1000), first) << "the first of two that were added in one second";
     EXPECT_FALSE(vocabulary->containsWordWithID(5));
     EXPECT_EQ(first->weakVocForSort(), vocabulary);
 }
@@ -73,10 +52,10 @@ TEST_F(TAVLexiconTest, answerMovesTheWord)
     struct Case
     {
         int answer;
+        /** By level before the answer, 0 to 6. */
         QList<quint64> levels;
         QList<quint64> falls;
     };
-    // By level before the answer, 0 to 6.
     const Case cases[] = {
         {1, {1, 2, 3, 4, 5, 5, 5}, {0, 0, 0, 0, 0, 0, 0}},
         {0, {0, 1, 2, 3, 4, 5, 6}, {0, 0, 0, 0, 0, 0, 0}},
@@ -92,10 +71,8 @@ TEST_F(TAVLexiconTest, answerMovesTheWord)
             EXPECT_EQ(word->level(), row.levels[level]) << row.answer << ' ' << level;
             EXPECT_EQ(word->fallenDownCounter(), row.falls[level]) << row.answer << ' ' << level;
             EXPECT_EQ(word->lastAsked(), services.clock.now());
-            EXPECT_EQ(word->modificationID(), 0);
             const int counted = int(std::min<quint64>(row.levels[level], 5));
             EXPECT_EQ(vocabulary->statistics()->lastSnapshot()->numberOfWordsInLevel(counted), 1);
-            EXPECT_EQ(vocabulary->statistics()->numberOfDaysRecorded(), 1);
         }
     }
 }
@@ -110,10 +87,10 @@ TEST_F(TAVLexiconTest, wordIsDueStrictlyAfterItsRehearsalTime)
         const TAVWordRef never = makeWord({.level = level});
         const TAVLexiconRef vocabulary =
             makeVocabulary({makeWord({.level = level, .lastAsked = justNot}), due, longDue, never,
-                            makeWord({.level = level, .dontAskAgain = true}),
-                            makeWord({.level = level, .lastAsked = services.clock.now().addDays(1)})});
+                            makeWord({.level = level, .dontAskAgain = true})});
         EXPECT_EQ(vocabulary->wordsOverDueFromLevel(level, {}, false), TAVWordList({never, longDue, due}))
             << level;
+        EXPECT_EQ(vocabulary->wordsOfLevel(level).size(), 5);
     }
 }
 
@@ -124,7 +101,6 @@ TEST_F(TAVLexiconTest, randomPickGivesEachWordOnceDueOrNot)
          makeWord({.level = 2, .tags = {u"t"_s}, .dontAskAgain = true}), makeWord({.level = 2})});
     EXPECT_EQ(TAVWordSet(vocabulary->randomlyPick(9, 2, {}, false)), TAVWordSet(vocabulary->allWords()));
     EXPECT_EQ(vocabulary->randomlyPick(9, 2, {u"t"_s}, true).size(), 2);
-    EXPECT_TRUE(vocabulary->randomlyPick(0, 2, {}, false).isEmpty());
     EXPECT_TRUE(vocabulary->randomlyPick(9, 1, {}, false).isEmpty());
 
     // A number that hits a picked word is used up without effect.
@@ -134,29 +110,15 @@ TEST_F(TAVLexiconTest, randomPickGivesEachWordOnceDueOrNot)
     EXPECT_TRUE(services.random.script.empty());
 }
 
-TEST_F(TAVLexiconTest, randomNumbersSpanTheClosedRange)
+TEST_F(TAVLexiconTest, filtersByAnyOrAllTags)
 {
-    services.random.script = {0, 4, 5, 0xFFFFFFFFU, 0x80000000U};
-    const TAVRandom random;
-    EXPECT_EQ(random.randomIntBetween(-2, 2), -2);
-    EXPECT_EQ(random.randomIntBetween(-2, 2), 2);
-    EXPECT_EQ(random.randomIntBetween(-2, 2), -2);
-    EXPECT_EQ(random.randomIntBetween(0, 0xFFFFFFFFLL), 0xFFFFFFFFLL);
-    EXPECT_EQ(random.randomFloatBetween(10, 20), 15.0);
-}
-
-TEST_F(TAVLexiconTest, filtersByTagsAndTerm)
-{
-    const TAVWordRef both = makeWord({.foreignWord = u"both"_s, .tags = {u"a"_s, u"b"_s}});
-    const TAVWordRef one = makeWord({.foreignWord = u"one"_s, .tags = {u"a"_s, u"B"_s}});
-    const TAVWordRef none = makeWord({.foreignWord = u"none"_s});
-    const TAVWordList words = {none, both, one};
+    const TAVWordRef both = makeWord({.tags = {u"a"_s, u"b"_s}});
+    const TAVWordRef one = makeWord({.tags = {u"a"_s, u"B"_s}});
+    const TAVWordList words = {makeWord({}), both, one};
     EXPECT_EQ(TAVLexicon::filteredWords(words, {u"a"_s, u"b"_s}, true), TAVWordList({both}));
     EXPECT_EQ(TAVLexicon::filteredWords(words, {u"a"_s, u"b"_s}, false), TAVWordList({both, one}));
     EXPECT_EQ(TAVLexicon::filteredWords(words, {}, true), words);
-    EXPECT_EQ(TAVLexicon::filterWords(words, u"ONE"_s), TAVWordList({none, one}));
-    EXPECT_EQ(TAVLexicon::filterWords(words, QString()), words);
-    EXPECT_EQ(TAVLexicon::filterWords(words, std::nullopt), words);
+    EXPECT_EQ(TAVLexicon::filterWords(words, QString()), words) << "though no word matches the empty term";
 }
 
 TEST_F(TAVLexiconTest, completesTagsByUse)
@@ -164,55 +126,19 @@ TEST_F(TAVLexiconTest, completesTagsByUse)
     const TAVWordRef word = makeWord({.tags = {u"abc"_s, u"x"_s}});
     const TAVLexiconRef vocabulary =
         makeVocabulary({word, makeWord({.tags = {u"abd"_s}}), makeWord({.tags = {u"abd"_s, u"a"_s}}),
-                        makeWord({.tags = {u"Abe"_s}})});
-    const QStringList byUse = {u"abd"_s, u"abc"_s};
+                        makeWord({.tags = {u"Abe"_s, u"aba"_s}})});
+    const QStringList byUse = {u"abd"_s, u"abc"_s, u"aba"_s};
     EXPECT_EQ(vocabulary->completionTagsForPrefix(u"ab"_s), byUse);
     EXPECT_EQ(vocabulary->completionTagsForPrefix(u"a"_s), byUse);
     for (const QString &prefix : {u"abc"_s, u"x"_s, u"aB"_s, u"abcd"_s, QString()})
         EXPECT_FALSE(vocabulary->completionTagsForPrefix(prefix)) << qPrintable(prefix);
-    EXPECT_EQ(vocabulary->allTags(), TAVTextSet({u"abc"_s, u"x"_s, u"abd"_s, u"a"_s, u"Abe"_s}));
 
-    word->setTags({});
+    // A tag as long as a hostile file can hold costs no more room than itself.
+    word->setTags({QString(1'000'000, u'y')});
     EXPECT_TRUE(vocabulary->allTags().contains(u"abc"_s));
     vocabulary->buildTagsIndex();
     EXPECT_FALSE(vocabulary->allTags().contains(u"abc"_s));
-    EXPECT_EQ(vocabulary->completionTagsForPrefix(u"ab"_s), QStringList(u"abd"_s));
-
-    // A tag as long as a hostile file can hold costs no more room than itself.
-    word->addTag(QString(1'000'000, u'y'));
-    vocabulary->buildTagsIndex();
     EXPECT_EQ(vocabulary->completionTagsForPrefix(u"yy"_s)->size(), 1);
-}
-
-TEST_F(TAVLexiconTest, completionEqualsListsKeptForEachPrefix)
-{
-    QRandomGenerator random(2);
-    for (int run = 0; run < 200; ++run) {
-        TAVWordList words;
-        for (int i = 0; i < 12; ++i) {
-            QString tag;
-            for (int length = random.bounded(5); length >= 0; --length)
-                tag.append(u"ab"[random.bounded(2)]);
-            words.append(makeWord({.tags = {tag}}));
-        }
-        const TAVLexiconRef vocabulary = makeVocabulary(words);
-        QHash<QString, int> uses;
-        for (const TAVWordRef &word : words)
-            ++uses[word->tagsSorted().first()];
-        QHash<QString, QStringList> lists;
-        for (const QString &tag : vocabulary->allTags()) {
-            for (qsizetype length = 1; length < tag.size(); ++length) {
-                QStringList &list = lists[tag.left(length)];
-                const auto place =
-                    std::find_if(list.begin(), list.end(),
-                                 [&uses, &tag](const QString &other) { return uses[other] < uses[tag]; });
-                list.insert(place, tag);
-            }
-        }
-        for (auto list = lists.cbegin(); list != lists.cend(); ++list)
-            EXPECT_EQ(vocabulary->completionTagsForPrefix(list.key()), list.value())
-                << qPrintable(list.key());
-    }
 }
 
 TEST_F(TAVLexiconTest, synonymsShareExactlyOneText)
@@ -224,17 +150,14 @@ TEST_F(TAVLexiconTest, synonymsShareExactlyOneText)
     const TAVLexiconRef vocabulary = makeVocabulary({hound, dog, twin});
     EXPECT_EQ(vocabulary->synonymsForWord(*dog), TAVWordSet({hound}));
     EXPECT_EQ(vocabulary->synonymsForWord(*hound), TAVWordSet({dog, twin}));
-    EXPECT_EQ(foreignWordsOf(vocabulary->allWords()), QStringList({u"dog"_s, u"dog"_s, u"hound"_s}));
+    EXPECT_EQ(vocabulary->allWords(), TAVWordList({dog, twin, hound})) << "left in foreign order";
 
     // A word added by hand shows among the synonyms, alone as it is, until the next rebuild.
     vocabulary->addWord(other);
-    EXPECT_TRUE(vocabulary->synonyms().contains(other));
-    EXPECT_TRUE(vocabulary->synonymsForWord(*other).isEmpty());
-    const TAVWordRef empty = makeWord({});
-    vocabulary->addWord(empty);
-    EXPECT_FALSE(vocabulary->synonyms().contains(empty));
+    vocabulary->addWord(makeWord({}));
     vocabulary->removeWords({dog, twin});
     EXPECT_EQ(vocabulary->synonyms(), TAVWordSet({hound, other}));
+    EXPECT_TRUE(vocabulary->synonymsForWord(*other).isEmpty());
     vocabulary->buildSynonyms();
     EXPECT_TRUE(vocabulary->synonyms().isEmpty());
 }
@@ -249,32 +172,17 @@ TEST_F(TAVLexiconTest, onlyNeighboursAreFoundAsSynonyms)
     EXPECT_EQ(makeVocabulary({variant, first, last})->synonyms(), TAVWordSet({first, last}));
 }
 
-TEST_F(TAVLexiconTest, firstEqualWordFollowsTheOrderOfTheList)
-{
-    const TAVWordRef twins[] = {makeWord({.yourWord = u"der a"_s, .foreignWord = u"x"_s}),
-                                makeWord({.yourWord = u"b"_s, .foreignWord = u"z"_s}),
-                                makeWord({.yourWord = u"der a"_s, .foreignWord = u"x"_s})};
-    const TAVLexiconRef vocabulary = makeVocabulary({twins[1], twins[2], twins[0]});
-    EXPECT_EQ(vocabulary->findWordEqualTo(*twins[0]), twins[2]);
-    EXPECT_FALSE(vocabulary->containsWordEqualTo(TAVWord(u"a"_s, u"x"_s, std::nullopt)));
-    vocabulary->removeWord(twins[2]);
-    EXPECT_EQ(vocabulary->findWordEqualTo(*twins[2]), twins[0]);
-}
-
 TEST_F(TAVLexiconTest, removedWordsComeBackAsTheyWere)
 {
     TAVWordList words;
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < 40; ++i)
         words.append(makeWord({.yourWord = QString::number(i / 2),
                                .foreignWord = QString::number(i),
-                               .tags = {u"tag"_s + QString::number(i)},
+                               .tags = {QString::number(i)},
                                .creationID = i < 20 ? 1 : i}));
-    }
     const TAVLexiconRef vocabulary = makeVocabulary(words);
-    const TAVWordList before = vocabulary->allWords();
     const TAVWordList gone = words.mid(5, 30);
     vocabulary->removeWords(gone);
-    EXPECT_EQ(vocabulary->countAllWords(), 10);
     EXPECT_EQ(vocabulary->allTags().size(), 10);
     EXPECT_EQ(vocabulary->level0Words().size(), 10);
 
@@ -282,26 +190,21 @@ TEST_F(TAVLexiconTest, removedWordsComeBackAsTheyWere)
     const TAVWordRef returned = gone.last()->copy();
     vocabulary->batchAddWords({returned});
     vocabulary->restoreWords(gone);
-    EXPECT_EQ(vocabulary->countAllWords(), 40);
-    TAVWordSet expected(before);
+    vocabulary->restoreWords(gone);
+    TAVWordSet expected(words);
     expected.remove(gone.last());
     expected.insert(returned);
     EXPECT_EQ(TAVWordSet(vocabulary->allWords()), expected);
+    EXPECT_EQ(vocabulary->countAllWords(), 40);
     EXPECT_EQ(vocabulary->allTags().size(), 40);
     EXPECT_EQ(vocabulary->synonymsForWord(*gone[1]).size(), 1);
-    vocabulary->restoreWords(gone);
-    EXPECT_EQ(vocabulary->countAllWords(), 40);
 }
 
 TEST_F(TAVLexiconTest, inputSourceOfAnotherMachineKeepsItsId)
 {
     const platform::InputSourceRef german = services.inputSources.add(u"de"_s);
-    services.inputSources.add(u"xx"_s, false);
     TAVLexicon vocabulary;
-    vocabulary.setForeignTextInputSourceId(u"xx"_s);
-    EXPECT_EQ(vocabulary.foreignTextInputSource(), nullptr);
     vocabulary.setForeignTextInputSourceId(u"de"_s);
-    EXPECT_EQ(vocabulary.foreignTextInputSource(), german);
     vocabulary.setForeignTextInputSourceId(u"elsewhere"_s);
     EXPECT_EQ(vocabulary.foreignTextInputSource(), german);
     EXPECT_EQ(vocabulary.foreignTextInputSourceId(), u"elsewhere"_s);
