@@ -88,6 +88,16 @@ public:
         buildSynonyms();
     }
 
+    void batchAdd(const TAVWordList &words, const TAVLexiconRef &owner)
+    {
+        for (const TAVWordRef &word : words) {
+            if (word->creationID() < 0)
+                word->setCreationID(TAVLexicon::currentTime());
+            append(word, owner);
+        }
+        buildSynonyms();
+    }
+
     qint64 deleteDuplicates()
     {
         TAVWordList candidates = synonyms;
@@ -153,7 +163,7 @@ public:
              .level = quint64(upTo(2)),
              .tags = upTo(1) ? QStringList() : QStringList(u"t"_s),
              .comment = upTo(1) ? QString() : u"c"_s,
-             .creationID = upTo(5),
+             .creationID = upTo(5) - 1,
              .lastAsked = upTo(2) ? QDateTime(QDate(2026, 1, 1 + upTo(3)), QTime(), Qt::UTC) : QDateTime(),
              .dontAskAgain = upTo(4) == 0});
         made->setModificationID(upTo(1) ? 0 : upTo(2));
@@ -207,7 +217,7 @@ TEST_F(MergingTest, equalsThePlainReadingOnRandomVocabularies)
         for (int step = 2 + random.upTo(3); step > 0; --step) {
             const TAVWordList words = random.words(7);
             const TAVWordList copies = copiesOf(words);
-            const int operation = random.upTo(3);
+            const int operation = random.upTo(4);
             TAVLexicon other;
             for (const TAVWordRef &word : words)
                 other.addWordWithID(word, word->creationID());
@@ -219,9 +229,12 @@ TEST_F(MergingTest, equalsThePlainReadingOnRandomVocabularies)
             } else if (operation == 1) {
                 vocabulary->mergeWithOtherVersion(other);
                 plain.merge(others, vocabulary);
+            } else if (operation == 2) {
+                vocabulary->batchAddWords(words);
+                plain.batchAdd(copies, vocabulary);
             } else {
-                vocabulary->joinWithVocabulary(other, operation == 2);
-                plain.join(others, operation == 2, vocabulary);
+                vocabulary->joinWithVocabulary(other, operation == 3);
+                plain.join(others, operation == 3, vocabulary);
                 EXPECT_EQ(contentsOf(words), contentsOf(copies));
             }
             EXPECT_EQ(contentsOf(vocabulary->allWords()), contentsOf(plain.allWords))
