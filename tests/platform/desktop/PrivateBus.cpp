@@ -46,9 +46,9 @@ void PrivateBus::serve(const QStringList &names, const QString &path, const Answ
 {
     m_connection = QDBusConnection::connectToBus(m_address, QStringLiteral("test-service"));
     m_object = std::make_unique<AnsweringObject>(answer);
+    m_connection->registerVirtualObject(path, m_object.get(), QDBusConnection::SubPath);
     m_object->moveToThread(&m_thread);
     m_thread.start();
-    m_connection->registerVirtualObject(path, m_object.get(), QDBusConnection::SubPath);
     for (const QString &name : names)
         m_connection->registerService(name);
 }
