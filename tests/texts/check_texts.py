@@ -76,12 +76,12 @@ def keys_in(source):
             yield from ((arguments[0][0], key) for key in arguments[1])
 
 
-def texts_in(file, errors):
-    """The file's texts: (table, key) to the list of its forms."""
-    texts = {}
+def read_texts(file, texts, errors):
+    """Adds the file's texts: (table, key) to the list of its forms."""
     for context in ElementTree.parse(file).getroot().iter("context"):
         table = context.findtext("name", "")
-        if table != file.stem:
+        # A table may be spread over several files: Table.ts, Table.part.ts
+        if table != file.name.split(".")[0]:
             errors.append(f"{file}: holds the table {table}")
         for message in context.iter("message"):
             key = message.findtext("source", "")
@@ -102,7 +102,6 @@ def texts_in(file, errors):
             if not is_numerus and "%n" in forms[0]:
                 errors.append(f"{where} has %n but no forms for numbers")
             texts[table, key] = forms
-    return texts
 
 
 def placeholders(forms):
@@ -129,7 +128,7 @@ def main():
     for folder in sorted(path for path in (root / "translations").iterdir() if path.is_dir()):
         texts = languages.setdefault(folder.name, {})
         for file in sorted(folder.glob("*.ts")):
-            texts.update(texts_in(file, errors))
+            read_texts(file, texts, errors)
 
     for language, texts in languages.items():
         for table, key in sorted(used.keys() - texts.keys()):

@@ -1,5 +1,7 @@
 #include "usage/logging/DDLog.h"
 
+#include "platform/Clock.h"
+
 #include <QCoreApplication>
 #include <QMap>
 
@@ -25,7 +27,13 @@ struct DDLoggerNode
 class Dispatcher
 {
 public:
-    Dispatcher() { std::atexit(DDLog::flushLog); }
+    Dispatcher()
+    {
+        // What the writing of dates needs must be made before, so that it is still there when the process
+        // ends.
+        platform::systemTime().toLocalTime().toString(u"yyyy-MM-dd HH:mm:ss:zzz");
+        std::atexit(DDLog::flushLog);
+    }
 
     void lt_addLogger(const std::shared_ptr<DDAbstractLogger> &logger, int level)
     {
