@@ -1,0 +1,189 @@
+#include "StorageTest.h"
+
+#include "usage/logging/DDLog.h"
+
+#include <utime.h>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+using FilesTest = StorageTest;
+
+TEST_F(FilesTest, backupsAreMadeAtMostEveryQuarterHourAndNotTwiceInARow)
+{
+    struct Step
+    {
+        const char *language;
+        double secondsLater;
+        qsizetype backups;
+    };
+    const Step steps[] = {{"A", 0, 1},   {"A", 5000, 1}, {"B", 0, 2},   {"A", 900, 2},
+                          {"B", 0.5, 2}, {"A", 0, 3},    {"B", 899, 3}, {"B", 1.5, 4}};
+    for (const Step &step : steps) {
+        services.clock.advanceSeconds(step.secondsLater);
+        SCOPED_TRACE(step.language + std::to_string(step.secondsLater));
+        EXPECT_TRUE(TAVStorageManager::saveVocabulary(makeNamed(QLatin1String(step.language))));
+        EXPECT_EQ(backups().size(), step.backups);
+    }
+}
+
+TEST_F(FilesTest, aBackupIsACopyNamedByTheUsersTime)
+{
+    services.clock.setNow(QDateTime(QDate(2015, 3, 20), QTime(13, 5, 9), Qt::UTC));
+    services.clock.setTimeZone(QTimeZone(3600));
+    const QString path = inVocabularies(u"a.tavv b.tavv"_s);
+    ASSERT_TRUE(TAVStorageManager::saveVocabularyToTAVVFile(makeNamed(u"A"_s), path));
+    ASSERT_EQ(backups(), QStringList{u"a-2015-03-20-14-05-09.tavv b-2015-03-20-14-05-09.tavv"_s});
+    EXPECT_EQ(bytesOf(AppGround::backupFolderPath() + u'/' + backups().first()), bytesOf(path));
+}
+
+TEST_F(FilesTest, tidyingDeletesAllOldBackupsOrNone)
+{
+    struct Case
+    {
+        int total;
+        int old;
+        int left;
+    };
+    const Case cases[] = {{30, 5, 25}, {30, 9, 21}, {30, 10, 30}, {20, 1, 20}, {19, 18, 1}, {19, 1, 18}};
+    const QString folder = AppGround::backupFolderPath();
+    for (const Case &c : cases) {
+        SCOPED_TRACE(std::to_string(c.total) + " " + std::to_string(c.old));
+        QDir(folder).removeRecursively();
+        ASSERT_TRUE(QDir().mkpath(folder + u"/sub"_s));
+        // The subfolder counts as one of all entries; a hidden file doesn't.
+        writeBytes(folder + u"/.hidden"_s, "x");
+        for (int i = 0; i < c.total - 1; ++i) {
+            const QString path = folder + (i % 2 ? u"/sub/"_s : u"/"_s) + QString::number(i);
+            writeBytes(path, "x");
+            const qint64 age = i < c.old ? 2592001 : 2592000;
+            const time_t time = services.clock.now().toSecsSinceEpoch() - age;
+            const utimbuf times{time, time};
+            utime(QFile::encodeName(path).constData(), &times);
+        }
+        TAVStorageManager::tidyBackups();
+        services.queues.drain();
+        int left = 0;
+        for (QDirIterator it(folder, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+             it.hasNext(); it.next())
+            ++left;
+        EXPECT_EQ(left, c.left);
+        EXPECT_TRUE(QFileInfo::exists(folder + u"/.hidden"_s));
+    }
+}
+
+TEST_F(FilesTest, aFileThatCannotBeReadIsToldWithTheWayToTheBackups)
+{
+    struct Case
+    {
+        const char *name;
+        QByteArray bytes;
+        const char *words;
+    };
+    const QByteArray packed = bzip2("{}");
+    const Case cases[] = {{"none.tavv", {}, "(File read error)"},
+                          {"folder.tavv", {}, "(File read error)"},
+                          {"junk.x %1.tavv", "junk", "(Decompression error)"},
+                          {"empty.tavv", "", "(Decompression error)"},
+                          {"cut.LXA", packed.chopped(3), "(Decompression error)"},
+                          {"cut", packed.chopped(3), "(Decompression error)"}};
+    ASSERT_TRUE(QDir().mkpath(inVocabularies(u"folder.tavv"_s)));
+    for (const Case &c : cases) {
+        const QString path = inVocabularies(QLatin1String(c.name));
+        SCOPED_TRACE(c.name);
+        if (!c.bytes.isNull())
+            writeBytes(path, c.bytes);
+        for (const int button : {0, 1}) {
+            services.alerts.shown.clear();
+            services.browser.openedFolders.clear();
+            services.alerts.answerNext(button);
+            EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(path));
+            ASSERT_EQ(services.alerts.shown.size(), 1);
+            const platform::Alert alert = services.alerts.shown.first();
+            EXPECT_EQ(alert.title, u"Error"_s);
+            EXPECT_EQ(alert.text,
+                      u"The selected language '"_s + QFileInfo(path).completeBaseName() +
+                          u"' could not be loaded. "_s + QLatin1String(c.words) +
+                          u"\nGo to '~/Library/Application Support/Tavimo/Backups' to restore from "
+                          "the last backup copy."_s);
+            EXPECT_EQ(alert.buttons, QStringList({u"OK"_s, u"Go to backups folder"_s}));
+            EXPECT_EQ(alert.additionalLine, AppGround::backupFolderPath());
+            EXPECT_EQ(services.browser.openedFolders.size(), button);
+        }
+        EXPECT_EQ(bytesOf(path), c.bytes);
+    }
+}
+
+TEST_F(FilesTest, aFileThatNeverEndsIsNotReadToItsEnd)
+{
+    const QString pipe = inVocabularies(u"pipe.tavv"_s);
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(pipe));
+    const QString endless = inVocabularies(u"endless.tavv"_s);
+    ASSERT_TRUE(QFile::link(u"/dev/zero"_s, endless));
+    EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(endless));
+    // Terabytes of nothing, behind a stream that ends early and behind one that doesn't.
+    const QString huge = inVocabularies(u"huge.tavv"_s);
+    for (const QByteArray &start : {QByteArray(), bzip2("{}").chopped(1)}) {
+        writeBytes(huge, start);
+        ASSERT_TRUE(QFile::resize(huge, qint64(1) << 40));
+        EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(huge));
+        EXPECT_FALSE(TAVStorageManager::vocabularyFromLXAFile(huge));
+    }
+}
+
+TEST_F(FilesTest, noSaveLeavesTheVocabularyFolder)
+{
+    const QByteArray other = "somebody's";
+    const QString outside = services.directory.path() + u"/outside"_s;
+    writeBytes(outside, other);
+    const QString linked = u"Linked"_s;
+    ASSERT_TRUE(QFile::link(outside, inVocabularies(u"Linked - English.tavv"_s)));
+    ASSERT_TRUE(QDir().mkpath(inVocabularies(u"Folder - English.tavv"_s)));
+    const QString names[] = {u"../x"_s, u"/tmp/x"_s, u"a/b"_s,          QString(QChar::Null) + u"x"_s,
+                             linked,    u"Folder"_s, QString(300, u'x')};
+    for (const QString &name : names) {
+        SCOPED_TRACE(name.toStdString());
+        services.alerts.shown.clear();
+        EXPECT_FALSE(TAVStorageManager::saveVocabulary(makeNamed(name)));
+        ASSERT_EQ(services.alerts.shown.size(), 1);
+        EXPECT_EQ(services.alerts.shown.first().title, u"Error"_s);
+        EXPECT_EQ(services.alerts.shown.first().text,
+                  u"The selected language '"_s + name +
+                      u"' could not be saved. (Write error)\nPlease restart "
+                      "Tavimo and try again."_s);
+        EXPECT_EQ(services.alerts.shown.first().buttons, QStringList{u"OK"_s});
+    }
+    EXPECT_EQ(TAVStorageManager::savePathForVocabulary(*makeNamed(u"a/b"_s)), QString());
+    EXPECT_EQ(bytesOf(outside), other);
+    EXPECT_TRUE(backups().isEmpty());
+    for (const QString &name : {u".."_s, u""_s, u"%1 ?"_s}) {
+        EXPECT_TRUE(TAVStorageManager::saveVocabulary(makeNamed(name)));
+        EXPECT_TRUE(QFileInfo::exists(inVocabularies(name + u" - English.tavv"_s)));
+    }
+    EXPECT_FALSE(TAVStorageManager::saveVocabularyToLXAFile(makeNamed(u"A"_s), outside + u"/x.lxa"_s));
+    EXPECT_FALSE(TAVStorageManager::saveVocabulary(nullptr));
+    EXPECT_FALSE(TAVStorageManager::saveVocabularyToLXAFile(nullptr, outside));
+}
+
+TEST_F(FilesTest, anAbsentPathLeavesALineInTheLog)
+{
+    class Listener : public DDAbstractLogger
+    {
+    public:
+        Listener()
+            : DDAbstractLogger(u"listener"_s)
+        {
+        }
+        void logMessage(const DDLogMessage &message) override { lines.append(formatted(message)); }
+        QStringList lines;
+    };
+    const auto listener = std::make_shared<Listener>();
+    DDLog::addLogger(listener, ddlog::flagError);
+    EXPECT_FALSE(TAVStorageManager::vocabularyFromTAVVFile(std::nullopt));
+    EXPECT_FALSE(TAVStorageManager::vocabularyFromLXAFile(std::nullopt));
+    DDLog::removeLogger(listener);
+    EXPECT_EQ(listener->lines, QStringList(2, u"StorageM > vocFromTAVVFile > path is nil"_s));
+    EXPECT_TRUE(services.alerts.shown.isEmpty());
+}
