@@ -1,10 +1,11 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 /**
- * A borderless tool window with an arrow that points at what it belongs to. It grabs nothing: the windows
- * beneath stay usable. Escape asks to close it.
+ * A borderless tool window with an arrow that points at what it belongs to. It grabs nothing and takes no
+ * focus when it comes: the windows beneath stay usable. It follows its parent's window, and goes with it.
  */
 class ArrowPopup : public QWidget
 {
@@ -13,9 +14,9 @@ class ArrowPopup : public QWidget
 public:
     explicit ArrowPopup(QWidget *parent);
 
-    /** The content's parent becomes the popup. */
+    /** The popup becomes the content's owner. */
     void setContent(QWidget *content);
-    /** Shows the popup at the side of the rectangle that has room, with its arrow at the rectangle's middle. */
+    /** Shows the popup at the side of the rectangle that has room, its arrow at the rectangle's middle. */
     void showBeside(QWidget *widget, const QRect &rectangle);
 
 signals:
@@ -24,8 +25,15 @@ signals:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void place();
+
+    QPointer<QWidget> m_anchorWidget;
+    QRect m_anchor;
     Qt::Edge m_arrowEdge = Qt::LeftEdge;
+    /** Along that edge, in pixels. */
     int m_arrowPosition = 0;
 };

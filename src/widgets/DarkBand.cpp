@@ -8,7 +8,8 @@ constexpr double cornerRadius = 8.0;
 
 } // namespace
 
-DarkBand::DarkBand(QWidget *parent) : QWidget(parent)
+DarkBand::DarkBand(QWidget *parent)
+    : QWidget(parent)
 {
     QPalette colors = palette();
     colors.setColor(QPalette::Window, QColor::fromRgbF(0.2, 0.2, 0.2));

@@ -54,11 +54,14 @@ protected:
 
 private:
     M3TokenButton *createButton(const QString &token);
+    void removeButton(const QString &token);
     void buttonClicked(M3TokenButton *button);
 
     platform::TextSet m_tokens;
     platform::TextSet m_selectedTokenNames;
     QHash<QString, M3TokenButton *> m_tokenButtons;
+    /** In the order of their titles; empty while that is to be worked out anew. */
+    QList<M3TokenButton *> m_sortedButtons;
     M3TokenCloudDelegate *m_delegate = nullptr;
     double m_preferredHeight = -1.0;
     bool m_setup = false;

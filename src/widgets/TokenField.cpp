@@ -1,0 +1,308 @@
+#include "widgets/TokenField.h"
+
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStringListModel>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int gap = 4;
+constexpr int chipPadding = 8;
+constexpr int crossWidth = 14;
+constexpr int leastInputWidth = 70;
+constexpr int mostRows = 4;
+/** Longer texts are cut in their chip, not in what they say. */
+constexpr int widestChip = 220;
+
+QString cleaned(const QString &text)
+{
+    QString clean = text;
+    clean.remove(QChar(u'\0'));
+    return clean.trimmed();
+}
+
+} // namespace
+
+TokenField::TokenField(QWidget *parent)
+    : QWidget(parent)
+    , m_scrollArea(new QScrollArea(this))
+    , m_content(new QWidget)
+    , m_input(new QLineEdit(m_content))
+    , m_completions(new QStringListModel(this))
+{
+    m_scrollArea->setFrameShape(QFrame::StyledPanel);
+    m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scrollArea->setFocusPolicy(Qt::NoFocus);
+    m_scrollArea->setWidget(m_content);
+    m_scrollArea->viewport()->setBackgroundRole(QPalette::Base);
+    m_content->setBackgroundRole(QPalette::Base);
+    m_content->setAutoFillBackground(true);
+    m_content->installEventFilter(this);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_scrollArea);
+
+    m_input->setFrame(false);
+    m_input->installEventFilter(this);
+    setFocusProxy(m_input);
+    setFocusPolicy(Qt::StrongFocus);
+    connect(m_input, &QLineEdit::textEdited, this, &TokenField::handleTyping);
+
+    m_completer = new QCompleter(m_completions, this);
+    m_completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+    m_completer->setCaseSensitivity(Qt::CaseSensitive);
+    m_input->setCompleter(m_completer);
+    // The input takes the chosen text over first.
+    connect(m_completer, qOverload<const QString &>(&QCompleter::activated), this, &TokenField::commitInput,
+            Qt::QueuedConnection);
+    arrange();
+}
+
+QStringList TokenField::tokens() const
+{
+    const QString typed = cleaned(m_input->text());
+    QStringList all = m_tokens;
+    if (!typed.isEmpty() && !all.contains(typed))
+        all.append(typed);
+    return all;
+}
+
+void TokenField::setTokens(const QStringList &tokens)
+{
+    m_tokens.clear();
+    m_current = -1;
+    m_input->clear();
+    add(tokens);
+    arrange();
+}
+
+void TokenField::setCompletionProvider(std::function<QStringList(const QString &)> provider)
+{
+    m_provider = std::move(provider);
+}
+
+void TokenField::setPlaceholderText(const QString &text)
+{
+    m_placeholderText = text;
+    arrange();
+}
+
+void TokenField::add(const QStringList &texts)
+{
+    QSet<QString> known(m_tokens.begin(), m_tokens.end());
+    for (const QString &text : texts) {
+        const QString clean = cleaned(text);
+        if (clean.isEmpty() || known.contains(clean))
+            continue;
+        known.insert(clean);
+        m_tokens.append(clean);
+    }
+}
+
+void TokenField::commitInput()
+{
+    if (m_input->text().isEmpty())
+        return;
+    const QString typed = m_input->text();
+    m_input->clear();
+    add({typed});
+    arrange();
+    emit tokensChanged();
+}
+
+void TokenField::handleTyping()
+{
+    m_current = -1;
+    QString typed = m_input->text();
+    for (QChar &character : typed) {
+        if (character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
+            character == QChar::ParagraphSeparator)
+            character = u',';
+    }
+    QStringList parts = typed.split(u',');
+    if (parts.size() > 1) {
+        m_input->setText(parts.takeLast());
+        add(parts);
+    }
+    m_completions->setStringList(m_provider && !m_input->text().isEmpty() ? m_provider(m_input->text())
+                                                                          : QStringList());
+    arrange();
+    emit tokensChanged();
+}
+
+void TokenField::remove(int index)
+{
+    if (index < 0 || index >= m_tokens.size())
+        return;
+    m_tokens.removeAt(index);
+    m_current = std::min(m_current, int(m_tokens.size()) - 1);
+    arrange();
+    emit tokensChanged();
+}
+
+bool TokenField::handleKey(int key)
+{
+    const bool isAtStart = m_input->cursorPosition() == 0 && !m_input->hasSelectedText();
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    const int last = int(m_tokens.size()) - 1;
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        if (m_input->text().isEmpty())
+            return false;
+        commitInput();
+        return true;
+    }
+    if (key == (isMirrored ? Qt::Key_Right : Qt::Key_Left) && isAtStart && last >= 0) {
+        m_current = m_current < 0 ? last : std::max(0, m_current - 1);
+    } else if (key == (isMirrored ? Qt::Key_Left : Qt::Key_Right) && m_current >= 0) {
+        m_current = m_current < last ? m_current + 1 : -1;
+    } else if ((key == Qt::Key_Backspace || key == Qt::Key_Delete) && m_current >= 0) {
+        remove(m_current);
+    } else if (key == Qt::Key_Backspace && isAtStart && last >= 0) {
+        remove(last);
+    } else {
+        if (m_current >= 0) {
+            m_current = -1;
+            m_content->update();
+        }
+        return false;
+    }
+    if (m_current >= 0)
+        m_scrollArea->ensureVisible(m_places.at(m_current).center().x(), m_places.at(m_current).center().y());
+    m_content->update();
+    return true;
+}
+
+bool TokenField::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_input) {
+        switch (event->type()) {
+        case QEvent::KeyPress:
+            return handleKey(static_cast<QKeyEvent *>(event)->key());
+        case QEvent::FocusIn:
+            m_input->setAccessibleName(accessibleName());
+            m_input->setAccessibleDescription(m_tokens.join(QLatin1String(", ")));
+            break;
+        case QEvent::FocusOut:
+            m_current = -1;
+            if (static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason) {
+                commitInput();
+                emit editingFinished();
+            }
+            m_content->update();
+            break;
+        default:
+            break;
+        }
+    } else if (watched == m_content) {
+        if (event->type() == QEvent::Paint)
+            paintChips();
+        else if (event->type() == QEvent::MouseButtonPress)
+            clickChip(static_cast<QMouseEvent *>(event)->pos());
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void TokenField::clickChip(const QPoint &place)
+{
+    m_input->setFocus();
+    m_current = -1;
+    for (int i = 0; i < m_places.size(); ++i) {
+        if (!m_places.at(i).contains(place))
+            continue;
+        m_current = i;
+        const QRect chip = m_places.at(i);
+        const QRect cross = QStyle::visualRect(
+            layoutDirection(), chip,
+            QRect(chip.right() - crossWidth - gap / 2, chip.top(), crossWidth + gap / 2, chip.height()));
+        if (cross.contains(place)) {
+            m_current = -1;
+            remove(i);
+        }
+        break;
+    }
+    m_content->update();
+}
+
+void TokenField::arrange()
+{
+    const int rowHeight = std::max(fontMetrics().height() + 6, 22);
+    const int frame = 2 * m_scrollArea->frameWidth();
+    const int width = std::max(m_scrollArea->viewport()->width(), leastInputWidth + 2 * gap);
+    m_places.clear();
+    int x = gap;
+    int y = gap;
+    for (const QString &token : std::as_const(m_tokens)) {
+        const int chip = std::min({fontMetrics().horizontalAdvance(token) + 2 * chipPadding + crossWidth,
+                                   widestChip, width - 2 * gap});
+        if (x > gap && x + chip > width - gap) {
+            x = gap;
+            y += rowHeight + gap;
+        }
+        m_places.append(QRect(x, y, chip, rowHeight));
+        x += chip + gap;
+    }
+    if (x > gap && x + leastInputWidth > width - gap) {
+        x = gap;
+        y += rowHeight + gap;
+    }
+    const QRect all(0, 0, width, y + rowHeight + gap);
+    const QRect inputPlace(x, y, width - gap - x, rowHeight);
+    for (QRect &place : m_places)
+        place = QStyle::visualRect(layoutDirection(), all, place);
+    m_content->resize(all.size());
+    m_input->setGeometry(QStyle::visualRect(layoutDirection(), all, inputPlace));
+    m_input->setPlaceholderText(m_tokens.isEmpty() ? m_placeholderText : QString());
+    const int highest = mostRows * (rowHeight + gap) + gap;
+    setFixedHeight(std::min(all.height(), highest) + frame);
+    m_content->update();
+    if (m_input->hasFocus())
+        m_scrollArea->ensureWidgetVisible(m_input, 0, gap);
+}
+
+void TokenField::paintChips()
+{
+    QPainter painter(m_content);
+    painter.fillRect(m_content->rect(), palette().base());
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor accent = palette().color(QPalette::Highlight);
+    for (int i = 0; i < m_places.size(); ++i) {
+        const QRect chip = m_places.at(i);
+        const bool isCurrent = i == m_current;
+        QColor fill = accent;
+        fill.setAlphaF(isCurrent ? 1.0f : 0.18f);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(fill);
+        painter.drawRoundedRect(chip, 4, 4);
+        painter.setPen(palette().color(isCurrent ? QPalette::HighlightedText : QPalette::Text));
+        const QRect text =
+            QStyle::visualRect(layoutDirection(), chip, chip.adjusted(chipPadding, 0, -crossWidth - gap, 0));
+        painter.drawText(text,
+                         Qt::AlignVCenter | Qt::TextSingleLine |
+                             (layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft),
+                         fontMetrics().elidedText(m_tokens.at(i), Qt::ElideRight, text.width()));
+        const QRect cross = QStyle::visualRect(
+            layoutDirection(), chip, QRect(chip.right() - crossWidth, chip.top(), crossWidth, chip.height()));
+        const QPoint middle = cross.center();
+        painter.drawLine(middle + QPoint(-3, -3), middle + QPoint(3, 3));
+        painter.drawLine(middle + QPoint(-3, 3), middle + QPoint(3, -3));
+    }
+}
+
+void TokenField::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    arrange();
+}
+
+void TokenField::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::FontChange)
+        arrange();
+}
