@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int height = 20;
+constexpr int buttonHeight = 20;
 constexpr int roomBesideTitle = 20;
 
 QFont titleFont()
@@ -29,12 +29,12 @@ M3TokenButton::M3TokenButton(const QString &token, QWidget *parent)
     setCheckable(true);
     setFont(titleFont());
     setFocusPolicy(Qt::TabFocus);
-    setGeometry(0, 0, 50, height);
+    setGeometry(0, 0, 50, buttonHeight);
 }
 
 QRect M3TokenButton::boundingRect() const
 {
-    return QRect(pos(), QSize(fontMetrics().horizontalAdvance(text()) + roomBesideTitle, height));
+    return QRect(pos(), QSize(fontMetrics().horizontalAdvance(text()) + roomBesideTitle, buttonHeight));
 }
 
 void M3TokenButton::paintEvent(QPaintEvent *)
@@ -76,11 +76,11 @@ void M3TokenButton::mouseReleaseEvent(QMouseEvent *event)
 
 void M3TokenButton::startDrag()
 {
-    auto *data = new QMimeData;
-    data->setText(text());
+    auto *dragged = new QMimeData;
+    dragged->setText(text());
     // The button may go with its token while the drag runs.
     auto *drag = new QDrag(window());
-    drag->setMimeData(data);
+    drag->setMimeData(dragged);
     drag->setPixmap(grab());
     drag->setHotSpot(m_pressedAt);
     drag->exec(Qt::CopyAction);
