@@ -20,10 +20,6 @@
         <translation>Dieses Wort hast du schon</translation>
     </message>
     <message>
-        <source>cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
         <source>comment</source>
         <translation>Kommentar</translation>
     </message>

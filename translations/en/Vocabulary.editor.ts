@@ -20,10 +20,6 @@
         <translation>You have this word already</translation>
     </message>
     <message>
-        <source>cancel</source>
-        <translation>Cancel</translation>
-    </message>
-    <message>
         <source>comment</source>
         <translation>Comment</translation>
     </message>
