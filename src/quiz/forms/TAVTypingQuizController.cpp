@@ -11,6 +11,7 @@
 #include "sync/DropBoxController.h"
 #include "ui_TAVTypingQuiz.h"
 #include "usage/RatingPrompt.h"
+#include "views/editor/TAVWordPopoverController.h"
 #include "widgets/CardFlip.h"
 #include "widgets/CardText.h"
 #include "widgets/TAVCardView.h"
@@ -49,6 +50,7 @@ TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
     , m_judge(*this)
 {
     m_ui->setupUi(m_view->page(QuizView::typingQuizPage));
+    m_editor = std::make_unique<TAVWordPopoverController>(m_view->page(QuizView::typingQuizPage));
     for (QLabel *label : {m_ui->answerUpperLevelImageView, m_ui->answerArrowImageView,
                           m_ui->questionLevelImageView, m_ui->deletedImageView})
         CardStyle::keepPlaceWhenHidden(label);
@@ -90,6 +92,7 @@ void TAVTypingQuizController::connectControls()
     connect(m_ui->showStatisticsButton, &QPushButton::clicked, this,
             &TAVTypingQuizController::showStatistics);
     connect(m_ui->iKnewItCheckBox, &QCheckBox::clicked, this, &TAVTypingQuizController::iKnewIt);
+    connect(m_ui->editButton, &QPushButton::clicked, this, &TAVTypingQuizController::editLastWord);
     connect(m_view->flip(), &CardFlip::animationDidStop, this, &TAVTypingQuizController::focusWhatComesNext);
     new ReturnKey(m_view->page(QuizView::typingQuizPage),
                   [this] { m_nextWord ? m_ui->nextButton->click() : m_ui->showStatisticsButton->click(); });
@@ -215,6 +218,7 @@ void TAVTypingQuizController::executeNext()
     showVerdict(verdict);
     showLeftHelp(verdict);
     showLastTexts(verdict, answer);
+    setControl(m_ui->editButton, true);
     m_ui->deletedImageView->hide();
 
     m_nextWord = nextWordToAsk();
@@ -417,8 +421,21 @@ void TAVTypingQuizController::focusWhatComesNext()
         m_ui->showStatisticsButton->setFocus();
 }
 
+void TAVTypingQuizController::editLastWord()
+{
+    m_editor->showEditWindowForWords({lastWord()}, vocabulary(), this);
+    m_editor->showBeside(m_ui->editButton, m_ui->editButton->rect());
+}
+
+void TAVTypingQuizController::closeAddWordPopover()
+{
+    if (m_editor->isInAddingMode())
+        m_editor->closeWordPanel(nullptr);
+}
+
 void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &)
 {
+    m_editor->hidePanel();
     // By the direction of the present question, which may have turned since.
     m_ui->correctAnswerTextField->setWord(AnswerJudge::expectedText(*lastWord(), m_lastAskedForeign),
                                           CardText::answerLimit);
@@ -433,11 +450,15 @@ void TAVTypingQuizController::wordPopoverDidDeleteWords(const TAVWordList &words
         m_judge.removeFromWrongAnsweredWords(word);
     m_ui->deletedImageView->show();
     setControl(m_ui->editButton, false);
+    m_editor->hidePanel();
     m_ui->dontAskAgainCheckBox->setEnabled(false);
     m_ui->iKnewItCheckBox->setEnabled(false);
 }
 
-void TAVTypingQuizController::wordPopoverDidCancelEditWords(const TAVWordList &) {}
+void TAVTypingQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)
+{
+    m_editor->hidePanel();
+}
 
 void TAVTypingQuizController::resetQuizHelp()
 {

@@ -9,6 +9,7 @@
 #include <memory>
 
 class QuizView;
+class TAVWordPopoverController;
 
 namespace Ui {
 class TAVTypingQuiz;
@@ -36,6 +37,9 @@ public:
     void restartQuizWithWrong();
     /** Shows what the user's overrule will do; it takes effect when the run moves on. */
     void iKnewIt();
+    /** Opens the word editor for the word on the left half. */
+    void editLastWord();
+    void closeAddWordPopover();
     /** Lets the four help overlays come once more. */
     static void resetQuizHelp();
 
@@ -76,6 +80,7 @@ private:
 
     QuizView *m_view;
     std::unique_ptr<Ui::TAVTypingQuiz> m_ui;
+    std::unique_ptr<TAVWordPopoverController> m_editor;
     AnswerJudge m_judge;
     TAVWordRef m_nextWord;
     bool m_lastAskedForeign = true;
