@@ -69,7 +69,10 @@ TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
     connectControls();
 }
 
-TAVTypingQuizController::~TAVTypingQuizController() = default;
+TAVTypingQuizController::~TAVTypingQuizController()
+{
+    m_ui->answerTextField->setOhDelegate(nullptr);
+}
 
 void TAVTypingQuizController::localize()
 {
@@ -93,6 +96,7 @@ void TAVTypingQuizController::connectControls()
             &TAVTypingQuizController::showStatistics);
     connect(m_ui->iKnewItCheckBox, &QCheckBox::clicked, this, &TAVTypingQuizController::iKnewIt);
     connect(m_ui->editButton, &QPushButton::clicked, this, &TAVTypingQuizController::editLastWord);
+    m_ui->answerTextField->setOhDelegate(this);
     connect(m_view->flip(), &CardFlip::animationDidStop, this, &TAVTypingQuizController::focusWhatComesNext);
     new ReturnKey(m_view->page(QuizView::typingQuizPage),
                   [this] { m_nextWord ? m_ui->nextButton->click() : m_ui->showStatisticsButton->click(); });
@@ -198,6 +202,12 @@ void TAVTypingQuizController::selectInputSourceOfAnswer()
         return;
     platform::services().inputSources->selectInputSource(
         m_lastAskedForeign ? vocabulary()->foreignTextInputSource() : vocabulary()->yourTextInputSource());
+}
+
+void TAVTypingQuizController::languageTextFieldDidBecomeActive(TAVLanguageTextField *)
+{
+    if (m_nextWord)
+        selectInputSourceOfAnswer();
 }
 
 void TAVTypingQuizController::executeNext()

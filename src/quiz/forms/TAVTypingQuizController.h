@@ -2,6 +2,7 @@
 
 #include "quiz/AnswerJudge.h"
 #include "quiz/forms/QuizForm.h"
+#include "views/editor/TAVLanguageTextField.h"
 #include "views/editor/TAVWordPopoverDelegate.h"
 
 #include <QObject>
@@ -19,7 +20,10 @@ class TAVTypingQuiz;
  * The quiz in which answers are typed. One step judges the answer, shows the verdict on the left half of the
  * card, and brings up the next question on the right half, under one flip.
  */
-class TAVTypingQuizController : public QObject, public QuizForm, public TAVWordPopoverDelegate
+class TAVTypingQuizController : public QObject,
+                                public QuizForm,
+                                public TAVWordPopoverDelegate,
+                                public OHLanguageTextFieldDelegate
 {
     Q_OBJECT
 
@@ -48,6 +52,9 @@ public:
     const TAVWordRef &nextWord() const { return m_nextWord; }
     const AnswerJudge &judge() const { return m_judge; }
 
+    /** The keyboard may have been switched elsewhere meanwhile. */
+    void languageTextFieldDidBecomeActive(TAVLanguageTextField *field) override;
+    void languageTextFieldDidLoseFocus(TAVLanguageTextField *) override {}
     void wordPopoverDidEditWords(const TAVWordList &words) override;
     void wordPopoverDidDeleteWords(const TAVWordList &words) override;
     void wordPopoverDidCancelEditWords(const TAVWordList &words) override;

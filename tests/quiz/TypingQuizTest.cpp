@@ -1,0 +1,330 @@
+#include "quiz/QuizFormsTest.h"
+
+#include "quiz/forms/QuizResultPage.h"
+#include "quiz/forms/WordLabel.h"
+#include "widgets/CardFlip.h"
+#include "widgets/TAVCardView.h"
+#include "widgets/TAVProgressBar.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+constexpr auto card = QuizView::typingQuizPage;
+constexpr auto result = QuizView::resultPage;
+
+using TypingQuizTest = QuizFormsTest;
+
+TEST_F(TypingQuizTest, ARunByKeyboardFromTheFirstQuestionToTheRestart)
+{
+    const TAVWordRef a = m_words.add("Hund", "dog", 2);
+    const TAVWordRef b = m_words.add("Katze", "cat", 2);
+    const TAVWordRef c = m_words.add("Maus", "mouse", 2);
+    start({a, b, c});
+    EXPECT_EQ(m_view.currentPage(), card);
+    EXPECT_TRUE(hasFocus(card, "answerTextField"));
+    EXPECT_EQ(onCard<QLabel>("questionTextField")->text(), QStringLiteral("Hund"));
+    EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 3"));
+
+    answer("dogg");
+    EXPECT_EQ(onCard<QLabel>("correctAnswerTextField")->text(), QStringLiteral("dog"));
+    EXPECT_EQ(onCard<QLabel>("userAnswerTextField")->text(), QStringLiteral("dogg"));
+    EXPECT_EQ(onCard<QLabel>("questionTextField")->text(), QStringLiteral("Katze"));
+    EXPECT_TRUE(hasFocus(card, "answerTextField"));
+    answer("");
+    EXPECT_TRUE(onCard<QLabel>("userAnswerTextField")->isHidden());
+    EXPECT_EQ(m_view.progressIndicator()->progress(), 3);
+    answer("mouse");
+    EXPECT_TRUE(onCard<QLabel>("correctAnswerTextField")->isHidden());
+    EXPECT_TRUE(onCard<QLineEdit>("answerTextField")->isHidden());
+    EXPECT_TRUE(hasFocus(card, "showStatisticsButton"));
+
+    pressReturn();
+    pass();
+    EXPECT_EQ(m_view.currentPage(), result);
+    EXPECT_EQ(on<QLabel>(result, "statisticsCorrect")->text(), QStringLiteral("1 / 3"));
+    EXPECT_EQ(on<QLabel>(result, "statisticsMissspelled")->text(), QStringLiteral("1 / 3"));
+    EXPECT_EQ(on<QLabel>(result, "statisticsWrong")->text(), QStringLiteral("1 / 3"));
+    EXPECT_TRUE(hasFocus(result, "restartWithWrongButton"));
+
+    pressReturn();
+    pass();
+    EXPECT_EQ(m_view.currentPage(), card);
+    EXPECT_EQ(m_typing.wordsToAsk(), (TAVWordList{a, b}));
+    EXPECT_EQ(m_typing.nextWord(), a);
+    EXPECT_EQ(m_typing.judge().numberOfAnswers(), 0);
+    EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 2"));
+    EXPECT_TRUE(m_view.statusText()->isVisible());
+    EXPECT_TRUE(onCard<QPushButton>("editButton")->isHidden());
+    EXPECT_TRUE(hasFocus(card, "answerTextField"));
+}
+
+TEST_F(TypingQuizTest, EachAnswerIsFlaggedMarkedAndSavedInThisOrder)
+{
+    const TAVWordRef a = m_words.add("Hund", "dog");
+    start({a});
+    m_recorder.restart();
+    answer("dog");
+    EXPECT_EQ(m_recorder.calls, QStringList{QStringLiteral("flagged, mark")});
+    EXPECT_TRUE(QFile::exists(m_recorder.path()));
+
+    m_recorder.restart();
+    pressReturn();
+    pass();
+    EXPECT_EQ(m_recorder.calls, (QStringList{QStringLiteral("mark"), QStringLiteral("sync, saved"),
+                                             QStringLiteral("event 1")}));
+}
+
+TEST_F(TypingQuizTest, AHeldReturnDoesNothingAndTwoPressesAnswerTwice)
+{
+    const TAVWordRef a = m_words.add("Hund", "dog", 3);
+    const TAVWordRef b = m_words.add("Katze", "cat", 3);
+    start({a, b});
+    for (int i = 0; i < 5; ++i)
+        pressReturn(true);
+    pass();
+    EXPECT_EQ(m_typing.judge().numberOfAnswers(), 0);
+    onCard<QPushButton>("nextButton")->setFocus();
+    pressReturn(true);
+    pass();
+    EXPECT_EQ(m_typing.judge().numberOfAnswers(), 0);
+    onCard<QLineEdit>("answerTextField")->setFocus();
+
+    // The third press finds no word any more.
+    for (int i = 0; i < 3; ++i)
+        pressReturn();
+    pass();
+    EXPECT_EQ(m_typing.judge().numberOfWrong(), 2);
+    pressReturn(true);
+    pass();
+    EXPECT_EQ(m_view.currentPage(), card);
+    pressReturn();
+    pressReturn();
+    pass();
+    EXPECT_EQ(m_view.currentPage(), result);
+    EXPECT_EQ(m_recorder.calls.count(QStringLiteral("event 1")), 1);
+    pressReturn(true);
+    pass();
+    EXPECT_EQ(m_view.currentPage(), result);
+}
+
+TEST_F(TypingQuizTest, AnOverruleTakesEffectWhenTheRunMovesOnAlsoOnTheLastQuestion)
+{
+    const TAVWordRef a = m_words.add("Hund", "dog", 3);
+    const TAVWordRef b = m_words.add("Katze", "cat", 5);
+    start({a, b});
+    answer("x");
+    auto *knewIt = onCard<QCheckBox>("iKnewItCheckBox");
+    QTest::mouseClick(knewIt, Qt::LeftButton);
+    EXPECT_EQ(a->level(), 2);
+    EXPECT_EQ(m_view.card()->leftStartColor(), QColor::fromRgbF(0.8f, 0.91f, 0.86f));
+    QTest::mouseClick(knewIt, Qt::LeftButton);
+    EXPECT_EQ(m_view.card()->leftStartColor(), QColor::fromRgbF(0.91f, 0.81f, 0.8f));
+    QTest::mouseClick(knewIt, Qt::LeftButton);
+    onCard<QLineEdit>("answerTextField")->setFocus();
+    answer("y");
+    EXPECT_EQ(a->level(), 4);
+    EXPECT_FALSE(knewIt->isChecked());
+    EXPECT_EQ(b->level(), 2);
+    QTest::mouseClick(knewIt, Qt::LeftButton);
+    onCard<QPushButton>("showStatisticsButton")->setFocus();
+    pressReturn();
+    pass();
+    EXPECT_EQ(b->level(), 5);
+    EXPECT_EQ(on<QLabel>(result, "statisticsCorrect")->text(), QStringLiteral("2 / 2"));
+    EXPECT_TRUE(on<QPushButton>(result, "restartWithWrongButton")->isHidden());
+    EXPECT_TRUE(hasFocus(result, "newQuizButton"));
+    pressReturn();
+    pass();
+    EXPECT_EQ(m_view.currentPage(), QuizView::setupPage);
+}
+
+TEST_F(TypingQuizTest, WhatAVerdictShows)
+{
+    struct Case
+    {
+        const char *answer;
+        quint64 level;
+        bool moves;
+        bool offersKnewIt;
+        bool offersDontAsk;
+        const char *helpKey;
+    };
+    const Case cases[] = {
+        {"dog", 4, true, false, false, "hasShownQuizHelpCorrectAnswer"},
+        {"dog", 5, false, false, true, nullptr},
+        {"dgo", 2, false, true, false, "hasShownQuizHelpMisspelledAnswer"},
+        {"xxx", 0, false, true, false, nullptr},
+        {"xxx", 1, true, true, false, "hasShownQuizHelpWrongAnswer"},
+        {"", 5, true, true, false, nullptr},
+    };
+    for (const Case &c : cases) {
+        m_words = QuizWords();
+        m_recorder.current = m_words.vocabulary;
+        const TAVWordRef word = m_words.add("Hund", "dog", c.level);
+        start({word, m_words.add("Katze", "cat")});
+        services.settings.writtenKeys.clear();
+        answer(c.answer);
+        SCOPED_TRACE(c.answer + std::to_string(c.level));
+        EXPECT_EQ(onCard<QLabel>("answerArrowImageView")->isVisible(), c.moves);
+        EXPECT_EQ(onCard<QLabel>("answerUpperLevelImageView")->isVisible(), c.moves);
+        EXPECT_EQ(onCard<QCheckBox>("iKnewItCheckBox")->isVisible(), c.offersKnewIt);
+        EXPECT_EQ(onCard<QCheckBox>("dontAskAgainCheckBox")->isVisible(), c.offersDontAsk);
+        EXPECT_EQ(onCard<QLabel>("cardLeftHelpText")->isVisible(), c.helpKey != nullptr);
+        EXPECT_EQ(services.settings.writtenKeys,
+                  c.helpKey ? QStringList{QLatin1String(c.helpKey)} : QStringList());
+        EXPECT_TRUE(onCard<QLabel>("cardRightHelpText")->isHidden());
+    }
+    TAVTypingQuizController::resetQuizHelp();
+    start({m_words.add("Maus", "mouse", 3)});
+    EXPECT_TRUE(onCard<QLabel>("cardRightHelpText")->isVisible());
+    answer("mouse");
+    EXPECT_TRUE(onCard<QLabel>("cardLeftHelpText")->isVisible());
+}
+
+TEST_F(TypingQuizTest, DontAskAgainIsTakenWithTheNextStep)
+{
+    const TAVWordRef word = m_words.add("Hund", "dog", 5);
+    start({word});
+    answer("dog");
+    EXPECT_EQ(m_words.vocabulary->nativeWithoutDontAsk().size(), 1);
+    QTest::mouseClick(onCard<QCheckBox>("dontAskAgainCheckBox"), Qt::LeftButton);
+    EXPECT_FALSE(word->dontAskAgain());
+    onCard<QPushButton>("showStatisticsButton")->click();
+    pass();
+    EXPECT_TRUE(word->dontAskAgain());
+    EXPECT_TRUE(m_words.vocabulary->nativeWithoutDontAsk().isEmpty());
+}
+
+TEST_F(TypingQuizTest, ASynonymOnTheLastQuestionAsksTheWordOnceMore)
+{
+    const TAVWordRef asked = m_words.add("Hund", "dog");
+    m_words.add("Hund", "hound");
+    start({asked});
+    answer("hound");
+    EXPECT_EQ(m_typing.nextWord(), asked);
+    EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 1"));
+    EXPECT_EQ(m_view.card()->leftStartColor(), QColor::fromRgbF(0.83f, 0.89f, 0.91f));
+}
+
+TEST_F(TypingQuizTest, TheIntroFollowsThePercentage)
+{
+    for (const auto &[percent, start] : {std::pair(0.0, "0 %"), {19.9, "20 %"}}) {
+        EXPECT_TRUE(QuizResultPage::introForPercent(percent).startsWith(QLatin1String(start)));
+    }
+    EXPECT_TRUE(QuizResultPage::introForPercent(20).startsWith(QLatin1String("Well done")));
+    EXPECT_TRUE(QuizResultPage::introForPercent(59.9).startsWith(QLatin1String("Well done")));
+    EXPECT_TRUE(QuizResultPage::introForPercent(60).startsWith(QLatin1String("Congratulations")));
+}
+
+TEST_F(TypingQuizTest, TheKeyboardFollowsTheLanguageOfTheAnswer)
+{
+    services.inputSources.add(QStringLiteral("us"));
+    services.inputSources.add(QStringLiteral("de"));
+    m_words.vocabulary->setForeignTextInputSourceId(QStringLiteral("us"));
+    m_words.vocabulary->setYourTextInputSourceId(QStringLiteral("de"));
+    const TAVWordRef a = m_words.add("Hund", "dog");
+    start({a});
+    EXPECT_EQ(services.inputSources.current->id, QStringLiteral("us"));
+    // Switched by something else, for instance in the word editor.
+    onCard<QPushButton>("nextButton")->setFocus();
+    services.inputSources.current = nullptr;
+    onCard<QLineEdit>("answerTextField")->setFocus();
+    EXPECT_EQ(services.inputSources.current->id, QStringLiteral("us"));
+    start({a}, {false, true});
+    EXPECT_EQ(services.inputSources.current->id, QStringLiteral("de"));
+    EXPECT_EQ(onCard<QLabel>("questionTextField")->text(), QStringLiteral("dog"));
+    m_words.vocabulary->setIsAutoSelectInputSource(false);
+    services.inputSources.selected.clear();
+    start({a});
+    EXPECT_TRUE(services.inputSources.selected.isEmpty());
+}
+
+TEST_F(TypingQuizTest, AnEditedWordShowsItsNewTextsAndADeletedOneIsNotAskedAgain)
+{
+    const TAVWordRef a = m_words.add("Hund", "dog", 2);
+    const TAVWordRef b = m_words.add("Katze", "cat", 2);
+    start({a, b});
+    answer("x");
+    EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible());
+    a->setForeignWord(QStringLiteral("doggy"));
+    a->setComment(QStringLiteral("<b>small</b>"));
+    m_typing.wordPopoverDidEditWords({a});
+    EXPECT_EQ(onCard<QLabel>("correctAnswerTextField")->text(), QStringLiteral("doggy"));
+    EXPECT_EQ(onCard<QLabel>("lastQuestionTextField")->text(), QStringLiteral("Hund"));
+    EXPECT_EQ(onCard<QLabel>("commentTextField")->text(), QStringLiteral("<b>small</b>"));
+
+    m_words.vocabulary->removeWord(a);
+    m_typing.wordPopoverDidDeleteWords({a});
+    EXPECT_TRUE(onCard<QPushButton>("editButton")->isHidden());
+    EXPECT_FALSE(onCard<QCheckBox>("iKnewItCheckBox")->isEnabled());
+    answer("y");
+    EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible());
+    pressReturn();
+    pass();
+    pressReturn();
+    pass();
+    EXPECT_EQ(m_typing.wordsToAsk(), TAVWordList{b});
+}
+
+TEST_F(TypingQuizTest, LongTextsAreFittedIntoTheirPlace)
+{
+    WordLabel label;
+    label.resize(300, 80);
+    label.setWord(QString(60, QLatin1Char('W')), 86);
+    label.grab();
+    EXPECT_EQ(label.toolTip(), QString());
+    // Endless text ends in an ellipsis, whole in the tool tip and harmless as markup there.
+    label.setWord(QLatin1String("<i>") + QString(100'000, QLatin1Char('W')), 86);
+    const QImage drawn = label.grab().toImage();
+    EXPECT_TRUE(label.toolTip().startsWith(QLatin1String("&lt;i&gt;WWW")));
+    for (int x = 0; x < drawn.width(); ++x)
+        EXPECT_EQ(drawn.pixel(x, drawn.height() - 1), drawn.pixel(0, 0)) << x;
+}
+
+TEST_F(TypingQuizTest, ARunThatWasLeftStaysOnItsVocabularyAndDoesNotComeBackByItself)
+{
+    const TAVWordRef a = m_words.add("Hund", "dog", 2);
+    start({a, m_words.add("Katze", "cat")});
+    QuizWords other;
+    other.vocabulary->setForeignLanguageName(QStringLiteral("Greek"));
+    m_recorder.restart();
+    m_recorder.current = other.vocabulary;
+    answer("dog");
+    EXPECT_EQ(a->level(), 3);
+    EXPECT_FALSE(QFile::exists(m_recorder.path()));
+    m_recorder.current = m_words.vocabulary;
+    EXPECT_TRUE(QFile::exists(m_recorder.path()));
+
+    // Away within the delay of a press.
+    pressReturn();
+    m_setup.showQuiz();
+    pass();
+    EXPECT_EQ(m_view.currentPage(), QuizView::setupPage);
+    EXPECT_EQ(m_typing.judge().numberOfAnswers(), 1);
+}
+
+TEST_F(TypingQuizTest, AWindowClosedInTheMiddleOfAFlipIsHarmless)
+{
+    start({m_words.add("Hund", "dog"), m_words.add("Katze", "cat")});
+    type("dog");
+    pressReturn();
+    services.clock.advanceSeconds(0.5);
+    ASSERT_TRUE(m_view.flip()->isFlipping());
+    m_view.close();
+    EXPECT_FALSE(m_view.flip()->isFlipping());
+    m_view.show();
+    m_view.activateWindow();
+    processEvents();
+    EXPECT_TRUE(hasFocus(card, "answerTextField"));
+    // The fixture goes in the middle of the next flip.
+    answer("cat");
+    pressReturn();
+    services.clock.advanceSeconds(0.5);
+    EXPECT_EQ(m_view.currentPage(), result);
+}
+
+} // namespace
