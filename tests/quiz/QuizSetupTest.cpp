@@ -7,6 +7,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -146,7 +147,14 @@ TEST_F(QuizSetupTest, OptionsReachTheForm)
     EXPECT_EQ(error(), text("noMatchingWordsMsg"));
     EXPECT_EQ(m_view.currentPage(), page);
 
-    tags->setTokens({text("allTags"), QStringLiteral("animal")});
+    // The first tag takes the place of "all tags", without a complaint while it is typed.
+    tags->setTokens({text("allTags")});
+    m_setup.updateErrorLabel();
+    tags->input()->setFocus();
+    QTest::keyClicks(tags->input(), QStringLiteral("anima"));
+    EXPECT_EQ(error(), QString());
+    QTest::keyClicks(tags->input(), QStringLiteral("l,"));
+    EXPECT_EQ(tags->tokens(), QStringList{QStringLiteral("animal")});
     auto *direction = on<QComboBox>(page, "quizDirectionPopup");
     EXPECT_EQ(direction->itemText(0), QStringLiteral("English"));
     direction->setCurrentIndex(1);

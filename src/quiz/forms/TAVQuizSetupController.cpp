@@ -96,8 +96,11 @@ void TAVQuizSetupController::connectControls()
     connect(m_ui->quizTagsAllAnyPopup, &QComboBox::activated, this, [this] { quizListsToAskChanged(); });
     connect(m_ui->quizNumberOfWordsStepper, &QSpinBox::valueChanged, this,
             &TAVQuizSetupController::updateErrorLabel);
-    connect(m_ui->quizTagsTokenField, &TokenField::tokensChanged, this,
-            &TAVQuizSetupController::updateErrorLabel);
+    connect(m_ui->quizTagsTokenField, &TokenField::tokensChanged, this, [this] {
+        // A tag that is still being typed is no reason to complain.
+        if (m_ui->quizTagsTokenField->input()->text().isEmpty())
+            tidyTags();
+    });
     connect(m_ui->quizTagsTokenField, &TokenField::editingFinished, this, &TAVQuizSetupController::tidyTags);
     m_ui->quizTagsTokenField->setCompletionProvider(
         [this](const QString &substring) { return completionsForSubstring(substring); });
@@ -260,7 +263,7 @@ void TAVQuizSetupController::tidyTags()
     // "All tags" makes way for the first tag that is chosen, and comes back with the last one's going.
     const QString allTags = platform::localized("Quiz", "allTags");
     QStringList tags = m_ui->quizTagsTokenField->tokens();
-    if (tags.isEmpty())
+    if (tags.isEmpty() && !m_ui->quizTagsTokenField->input()->hasFocus())
         tags.append(allTags);
     else if (tags.size() > 1)
         tags.removeAll(allTags);
