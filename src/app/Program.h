@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+
+#include "quiz/forms/QuizView.h"
+#include "quiz/forms/TAVFlashCardQuizController.h"
+#include "quiz/forms/TAVQuizSetupController.h"
+#include "quiz/forms/TAVTypingQuizController.h"
+#include "views/TAVMainWindowController.h"
+
+#include <QObject>
+#include <QPointer>
+
+/** The main window with all its pages, built from their parts and tied to the entry object. */
+class Program : public QObject, public MainWindowLink
+{
+    Q_OBJECT
+
+public:
+    /** The delegate must outlive this object. */
+    explicit Program(AppDelegate &delegate);
+    ~Program() override;
+
+    /** Loads the language, or shows the first-start page. */
+    void awakeFromNib();
+    /** The program was started once more: brings its window to the front, and up to date. */
+    void reopen(const QByteArray &activationToken);
+
+    void applicationDidFinishLaunching() override;
+    void updateViews() override;
+
+    TAVMainWindowController &mainWindowController() { return m_mainWindowController; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void bringToFront(QWidget *window);
+
+    AppDelegate &m_delegate;
+    TAVMainWindowController m_mainWindowController;
+    /** Belongs to the window once that has taken it over. */
+    QPointer<QuizView> m_quizView;
+    TAVTypingQuizController m_typingQuiz;
+    TAVFlashCardQuizController m_flashCardQuiz;
+    TAVQuizSetupController m_quizSetup;
+};

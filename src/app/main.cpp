@@ -1,0 +1,63 @@
+#include "app/Application.h"
+#include "app/Program.h"
+#include "app/SystemServices.h"
+#include "platform/Texts.h"
+#include "platform/desktop/SingleInstance.h"
+#include "usage/logging/DDLog.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+void linkTavimoTexts();
+
+namespace {
+
+using platform::SingleInstance;
+
+/** Long enough for a running program that is busy loading, or just about to end. */
+constexpr std::chrono::seconds patienceWithFirst{10};
+
+/** From the first folder to the end of all work; the process's result. */
+int run(Application &application, SystemServices &services, SingleInstance &instance)
+{
+    AppDelegate::load();
+    AppDelegate delegate;
+    if (AppDelegate::vocabularyFolderPath().isEmpty())
+        return 1; // The user has been told that there is nowhere to keep anything.
+    application.setShouldTerminate([&delegate] { return delegate.applicationShouldTerminate(); });
+    application.quitOnSignals();
+    delegate.applicationWillFinishLaunching();
+    Program program(delegate);
+    program.awakeFromNib();
+    QObject::connect(&instance, &SingleInstance::startedAgain, &program, &Program::reopen);
+    delegate.applicationDidFinishLaunching(QStringLiteral("ApplicationDidFinishLaunching"));
+    const int result = Application::exec();
+    delegate.applicationWillTerminate();
+    if (!services.finish()) {
+        // What still runs in the background must not meet a half destroyed program.
+        DDLog::flushLog();
+        std::_Exit(result);
+    }
+    return result;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    Application application(argc, argv);
+    linkTavimoTexts();
+    platform::installTexts(platform::userLocaleName());
+    SystemServices services;
+
+    SingleInstance instance(platform::services().folders->runtimeDirectory());
+    const SingleInstance::Role role = instance.start(patienceWithFirst);
+    if (role == SingleInstance::Role::second)
+        return 0;
+    if (role == SingleInstance::Role::blocked) {
+        std::fputs("Tavimo is already running but doesn't answer.\n", stderr);
+        return 1;
+    }
+
+    return run(application, services, instance);
+}

@@ -1,0 +1,115 @@
+#include "support/TestServices.h"
+
+#include <QElapsedTimer>
+#include <QLocalSocket>
+#include <QProcess>
+
+#include <array>
+#include <csignal>
+
+namespace {
+
+constexpr int patienceInMs = 30'000;
+
+/** Real processes of the program, in folders of their own. */
+class ProcessTest : public ServicesTest
+{
+protected:
+    std::unique_ptr<QProcess> start(const QMap<QString, QString> &more = {})
+    {
+        auto process = std::make_unique<QProcess>();
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "IBUS_ADDRESS"})
+            environment.remove(QLatin1String(variable));
+        environment.insert(u"QT_QPA_PLATFORM"_qs, u"offscreen"_qs);
+        for (const char *variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
+            environment.insert(QLatin1String(variable), services.directory.path());
+        for (auto it = more.begin(); it != more.end(); ++it)
+            environment.insert(it.key(), it.value());
+        process->setProcessEnvironment(environment);
+        process->start(QStringLiteral(TAVIMO_PROGRAM), QStringList());
+        EXPECT_TRUE(process->waitForStarted(patienceInMs));
+        return process;
+    }
+    /** Started to its last step. */
+    static bool hasStarted(QProcess &process)
+    {
+        QByteArray output;
+        while (!output.contains("didFinishLaunchingWithOptions")) {
+            if (!process.waitForReadyRead(patienceInMs))
+                return false;
+            output += process.readAllStandardError() + process.readAllStandardOutput();
+        }
+        return true;
+    }
+    static int exitCode(QProcess &process)
+    {
+        EXPECT_TRUE(process.waitForFinished(patienceInMs));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        return process.exitCode();
+    }
+};
+
+} // namespace
+
+TEST_F(ProcessTest, ASecondStartHandsOverToTheFirst)
+{
+    auto first = start();
+    first->setReadChannel(QProcess::StandardError);
+    ASSERT_TRUE(hasStarted(*first));
+    EXPECT_EQ(exitCode(*start()), 0);
+    EXPECT_EQ(first->state(), QProcess::Running);
+
+    // A crash leaves its socket behind, and locks nobody out.
+    first->kill();
+    ASSERT_TRUE(first->waitForFinished(patienceInMs));
+    EXPECT_TRUE(QFileInfo::exists(services.directory.filePath(u"tavimo.socket"_qs)));
+    auto next = start();
+    next->setReadChannel(QProcess::StandardError);
+    ASSERT_TRUE(hasStarted(*next));
+    EXPECT_EQ(exitCode(*start()), 0);
+
+    next->terminate();
+    EXPECT_EQ(exitCode(*next), 0) << "the end of the user's session is an ordinary end";
+    EXPECT_FALSE(QFileInfo::exists(services.directory.filePath(u"tavimo.socket"_qs)));
+}
+
+TEST_F(ProcessTest, OfManyStartsAtOnceOneRuns)
+{
+    std::array<std::unique_ptr<QProcess>, 4> processes;
+    for (auto &process : processes)
+        process = start();
+    QElapsedTimer timer;
+    timer.start();
+    const auto running = [&] {
+        int count = 0;
+        for (const auto &process : processes) {
+            process->waitForFinished(10);
+            count += process->state() == QProcess::Running;
+        }
+        return count;
+    };
+    while (running() > 1 && timer.elapsed() < patienceInMs) {
+    }
+    EXPECT_EQ(running(), 1);
+    for (const auto &process : processes) {
+        if (process->state() == QProcess::Running)
+            process->terminate();
+        EXPECT_EQ(exitCode(*process), 0);
+    }
+}
+
+TEST_F(ProcessTest, WithoutADisplayOneLineSaysSo)
+{
+    const QMap<QString, QString> cases[] = {
+        {{u"QT_QPA_PLATFORM"_qs, QString()}},
+        {{u"QT_QPA_PLATFORM"_qs, QString()}, {u"DISPLAY"_qs, u":4711"_qs}},
+    };
+    for (const auto &environment : cases) {
+        auto process = start(environment);
+        EXPECT_EQ(exitCode(*process), 1);
+        const QByteArray output = process->readAllStandardError();
+        EXPECT_TRUE(output.startsWith("Tavimo needs a display")) << output.constData();
+        EXPECT_EQ(output.count('\n'), 1);
+    }
+}
