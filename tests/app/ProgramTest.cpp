@@ -41,34 +41,25 @@ TEST_F(ProgramTest, StartedAgainItBringsItsWindowToTheFrontAndUpToDate)
 TEST_F(ProgramTest, OnlyTheMainWindowsCloseEndsTheProgram)
 {
     QApplication::setQuitOnLastWindowClosed(false);
-    int quits = 0;
-    class QuitCounter : public QObject
-    {
-    public:
-        explicit QuitCounter(int &count)
-            : m_count(count)
-        {
-        }
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            m_count += event->type() == QEvent::Quit;
-            return event->type() == QEvent::Quit;
-        }
-
-    private:
-        int &m_count;
-    } counter(quits);
-    qApp->installEventFilter(&counter);
-
+    const auto later = [](const std::function<void()> &call) {
+        QMetaObject::invokeMethod(qApp, call, Qt::QueuedConnection);
+    };
     QDialog panel;
-    panel.show();
-    panel.close();
-    window()->showMinimized();
-    processEvents();
-    EXPECT_EQ(quits, 0);
-
-    panel.show();
-    window()->close();
-    processEvents();
-    EXPECT_EQ(quits, 1) << "whatever panel is open";
+    bool runsAfterPanel = false;
+    later([&] {
+        window()->showMinimized();
+        panel.show();
+        panel.close();
+        // Later than all that the closing of the panel may have set off.
+        later([&] {
+            later([&] {
+                runsAfterPanel = true;
+                panel.show();
+                window()->close();
+            });
+        });
+    });
+    QApplication::exec();
+    EXPECT_TRUE(runsAfterPanel);
+    EXPECT_FALSE(window()->isVisible());
 }
