@@ -5,7 +5,8 @@
 
 namespace platform {
 
-struct Alert {
+struct Alert
+{
     QString title;
     QString text;
     /** From the default button on; one to three. */

@@ -1,5 +1,7 @@
 #include "platform/Clock.h"
 
+#include "platform/MainInbox.h"
+
 #include <QPointer>
 #include <QThread>
 #include <QTimer>
@@ -75,7 +77,7 @@ public:
         if (QThread::currentThread() == m_root.thread())
             arm();
         else
-            QMetaObject::invokeMethod(&m_root, arm, Qt::QueuedConnection);
+            m_root.post(arm);
     }
 
     void hold() override { ++m_holds; }
@@ -116,7 +118,7 @@ private:
         }
     }
 
-    QObject m_root;
+    MainInbox m_root;
     int m_holds = 0;
     std::deque<std::shared_ptr<Call>> m_waiting;
 };

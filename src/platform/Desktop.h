@@ -18,7 +18,8 @@ public:
     /** The application in front, unless it is this program or cannot be told. */
     virtual Application frontmostApplication() { return 0; }
     virtual void activateApplication(Application application) { Q_UNUSED(application) }
-    /** Brings a window of this program above the windows of all programs, on the active desktop, with focus. */
+    /** Brings a window of this program above the windows of all programs, on the active desktop, with focus.
+     */
     virtual void raiseAboveAll(quintptr windowId) { Q_UNUSED(windowId) }
     /** Whether raiseAboveAll() and a window's position can be relied on here. */
     virtual bool canRaiseAboveAll() const { return false; }

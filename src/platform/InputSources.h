@@ -8,7 +8,8 @@
 namespace platform {
 
 /** A keyboard layout or input method that the user can type with. */
-struct InputSource {
+struct InputSource
+{
     /** Stable identifier, kept in vocabulary files. */
     QString id;
     QString localizedName;

@@ -1,6 +1,7 @@
 #include "platform/Queues.h"
 
-#include <QObject>
+#include "platform/MainInbox.h"
+
 #include <QPointer>
 
 #include <condition_variable>
@@ -163,12 +164,11 @@ public:
 
     void mainAsync(QObject *context, Task task) override
     {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_mainTasks.push_back({context != nullptr, context, std::move(task)});
-        }
-        QMetaObject::invokeMethod(
-            &m_main, [this] { runMainTask(); }, Qt::QueuedConnection);
+        m_main.post(
+            [hasContext = context != nullptr, guard = QPointer<QObject>(context), run = std::move(task)] {
+                if (!hasContext || guard)
+                    run();
+            });
     }
     void globalAsync(Task task) override { m_pool->run(std::move(task)); }
     std::unique_ptr<SerialQueue> makeSerialQueue(const QString &label) override
@@ -178,28 +178,7 @@ public:
     bool finish(std::chrono::milliseconds patience) override { return m_pool->finish(patience); }
 
 private:
-    struct MainTask
-    {
-        bool hasContext = false;
-        QPointer<QObject> context;
-        Task run;
-    };
-
-    void runMainTask()
-    {
-        MainTask task;
-        {
-            const std::lock_guard lock(m_mutex);
-            task = std::move(m_mainTasks.front());
-            m_mainTasks.pop_front();
-        }
-        if (!task.hasContext || task.context)
-            task.run();
-    }
-
-    QObject m_main;
-    std::mutex m_mutex;
-    std::deque<MainTask> m_mainTasks;
+    MainInbox m_main;
     std::shared_ptr<BackgroundPool> m_pool = std::make_shared<BackgroundPool>();
 };
 

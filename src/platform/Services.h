@@ -15,7 +15,8 @@
 namespace platform {
 
 /** One of each service, none ever null while installed. Not owned. */
-struct Services {
+struct Services
+{
     Clock *clock = nullptr;
     Settings *settings = nullptr;
     RandomSource *random = nullptr;
@@ -37,7 +38,13 @@ struct Services {
 const Services &services();
 void installServices(const Services &services);
 
-inline Clock &clock() { return *services().clock; }
-inline Settings &settings() { return *services().settings; }
+inline Clock &clock()
+{
+    return *services().clock;
+}
+inline Settings &settings()
+{
+    return *services().settings;
+}
 
 } // namespace platform

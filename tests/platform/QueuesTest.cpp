@@ -43,6 +43,7 @@ TEST(QueuesTest, mainTasksRunLaterOnTheMainThreadInOrder)
     QStringList noted;
     QThread *const main = QThread::currentThread();
     auto context = std::make_unique<QObject>();
+    std::promise<void> posted;
     queues->globalAsync([&] {
         queues->mainAsync(context.get(), [&] { noted.append(QStringLiteral("with context")); });
         queues->mainAsync(nullptr, [&] {
@@ -52,7 +53,10 @@ TEST(QueuesTest, mainTasksRunLaterOnTheMainThreadInOrder)
         });
         queues->mainAsync(context.get(), [&] { noted.append(QStringLiteral("context gone")); });
         queues->mainAsync(nullptr, [&] { noted.append(QStringLiteral("last")); });
+        posted.set_value();
     });
+    // The context must not go while somebody still names it.
+    posted.get_future().wait();
     ASSERT_TRUE(waitUntil([&] { return noted.size() >= 3; }));
     EXPECT_EQ(noted.join(u','), QStringLiteral("with context,on main,last"));
 }
