@@ -250,9 +250,13 @@ TEST_F(TypingQuizTest, AnEditedWordShowsItsNewTextsAndADeletedOneIsNotAskedAgain
     start({a, b});
     answer("x");
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible());
+    onCard<QPushButton>("editButton")->setFocus();
+    pressReturn();
     a->setForeignWord(QStringLiteral("doggy"));
     a->setComment(QStringLiteral("<b>small</b>"));
     m_typing.wordPopoverDidEditWords({a});
+    processEvents();
+    EXPECT_TRUE(hasFocus(card, "answerTextField"));
     EXPECT_EQ(onCard<QLabel>("correctAnswerTextField")->text(), QStringLiteral("doggy"));
     EXPECT_EQ(onCard<QLabel>("lastQuestionTextField")->text(), QStringLiteral("Hund"));
     EXPECT_EQ(onCard<QLabel>("commentTextField")->text(), QStringLiteral("<b>small</b>"));

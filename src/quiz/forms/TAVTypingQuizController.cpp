@@ -71,7 +71,8 @@ TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
 
 TAVTypingQuizController::~TAVTypingQuizController()
 {
-    m_ui->answerTextField->setOhDelegate(nullptr);
+    if (m_view)
+        m_ui->answerTextField->setOhDelegate(nullptr);
 }
 
 void TAVTypingQuizController::localize()
@@ -343,6 +344,8 @@ void TAVTypingQuizController::showLastTexts(Verdict verdict, const QString &answ
                                           CardText::answerLimit);
     m_ui->correctAnswerTextField->setVisible(!isRight(verdict));
     m_ui->correctedAnswerIndicator->setVisible(!isRight(verdict));
+    m_ui->userAnswerRow->setVisible(showsAnswer);
+    m_ui->correctAnswerRow->setVisible(!isRight(verdict));
     m_ui->lastQuestionTextField->setWord(AnswerJudge::questionText(*lastWord(), m_lastAskedForeign),
                                          CardText::lastQuestionLimit);
 }
@@ -443,9 +446,16 @@ void TAVTypingQuizController::closeAddWordPopover()
         m_editor->closeWordPanel(nullptr);
 }
 
-void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &)
+void TAVTypingQuizController::closeEditor()
 {
     m_editor->hidePanel();
+    m_view->activateWindow();
+    focusWhatComesNext();
+}
+
+void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &)
+{
+    closeEditor();
     // By the direction of the present question, which may have turned since.
     m_ui->correctAnswerTextField->setWord(AnswerJudge::expectedText(*lastWord(), m_lastAskedForeign),
                                           CardText::answerLimit);
@@ -460,14 +470,14 @@ void TAVTypingQuizController::wordPopoverDidDeleteWords(const TAVWordList &words
         m_judge.removeFromWrongAnsweredWords(word);
     m_ui->deletedImageView->show();
     setControl(m_ui->editButton, false);
-    m_editor->hidePanel();
+    closeEditor();
     m_ui->dontAskAgainCheckBox->setEnabled(false);
     m_ui->iKnewItCheckBox->setEnabled(false);
 }
 
 void TAVTypingQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)
 {
-    m_editor->hidePanel();
+    closeEditor();
 }
 
 void TAVTypingQuizController::resetQuizHelp()

@@ -6,6 +6,7 @@
 #include "views/editor/TAVWordPopoverDelegate.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <memory>
 
@@ -28,7 +29,7 @@ class TAVTypingQuizController : public QObject,
     Q_OBJECT
 
 public:
-    /** The view must outlive the controller. */
+    /** The view is not owned; it may go first when the program ends. */
     explicit TAVTypingQuizController(QuizView *view);
     ~TAVTypingQuizController() override;
 
@@ -82,10 +83,11 @@ private:
     void showLastTexts(Verdict verdict, const QString &answer);
     void showProgress();
     void save();
+    void closeEditor();
     void focusWhatComesNext();
     static void setControl(QWidget *control, bool enableAndShow);
 
-    QuizView *m_view;
+    QPointer<QuizView> m_view;
     std::unique_ptr<Ui::TAVTypingQuiz> m_ui;
     std::unique_ptr<TAVWordPopoverController> m_editor;
     AnswerJudge m_judge;
