@@ -229,11 +229,8 @@ void TokenField::clickChip(const QPoint &place)
     m_content->update();
 }
 
-void TokenField::arrange()
+int TokenField::placeChips(int width, int rowHeight)
 {
-    const int rowHeight = std::max(fontMetrics().height() + 6, 22);
-    const int frame = 2 * m_scrollArea->frameWidth();
-    const int width = std::max(m_scrollArea->viewport()->width(), leastInputWidth + 2 * gap);
     m_places.clear();
     int x = gap;
     int y = gap;
@@ -251,15 +248,28 @@ void TokenField::arrange()
         x = gap;
         y += rowHeight + gap;
     }
-    const QRect all(0, 0, width, y + rowHeight + gap);
-    const QRect inputPlace(x, y, width - gap - x, rowHeight);
+    m_input->setGeometry(x, y, width - gap - x, rowHeight);
+    return y + rowHeight + gap;
+}
+
+void TokenField::arrange()
+{
+    const int rowHeight = std::max(fontMetrics().height() + 6, 22);
+    const int highest = mostRows * (rowHeight + gap) + gap;
+    const int frame = 2 * m_scrollArea->frameWidth();
+    int width = std::max(this->width() - frame, leastInputWidth + 2 * gap);
+    int height = placeChips(width, rowHeight);
+    if (height > highest) {
+        width = std::max(width - m_scrollArea->verticalScrollBar()->sizeHint().width(), leastInputWidth);
+        height = placeChips(width, rowHeight);
+    }
+    const QRect all(0, 0, width, height);
     for (QRect &place : m_places)
         place = QStyle::visualRect(layoutDirection(), all, place);
     m_content->resize(all.size());
-    m_input->setGeometry(QStyle::visualRect(layoutDirection(), all, inputPlace));
+    m_input->setGeometry(QStyle::visualRect(layoutDirection(), all, m_input->geometry()));
     m_input->setPlaceholderText(m_tokens.isEmpty() ? m_placeholderText : QString());
-    const int highest = mostRows * (rowHeight + gap) + gap;
-    setFixedHeight(std::min(all.height(), highest) + frame);
+    setFixedHeight(std::min(height, highest) + frame);
     m_content->update();
     if (m_input->hasFocus())
         m_scrollArea->ensureWidgetVisible(m_input, 0, gap);

@@ -49,6 +49,8 @@ private:
     void add(const QStringList &texts);
     void commitInput();
     void remove(int index);
+    /** Places chips and input in rows of that width; gives the height of all rows. */
+    int placeChips(int width, int rowHeight);
     void arrange();
     void paintChips();
     void clickChip(const QPoint &place);
