@@ -46,7 +46,8 @@ protected:
         if (isLit)
             background = isChecked() ? accent : accent.lighter(185);
         painter.fillPath(frame, background);
-        painter.strokePath(frame, QColor(0, 0, 0, 70));
+        painter.setPen(QColor(0, 0, 0, 70));
+        painter.drawPath(frame);
         if (x() > 0)
             painter.drawLine(QPointF(0.5, 0.5), QPointF(0.5, height() - 0.5));
         painter.setPen(palette().color(isChecked() ? QPalette::HighlightedText : QPalette::ButtonText));
