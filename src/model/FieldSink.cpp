@@ -3,6 +3,31 @@
 #include <QJsonArray>
 #include <QLocale>
 
+#include <charconv>
+
+namespace {
+
+/** Writes a character above the ASCII range; gives the position behind it. */
+char *appendUtf8(char *out, char32_t character)
+{
+    const auto continuation = [character](int shift) { return char(0x80 | (character >> shift & 0x3f)); };
+    if (character < 0x800) {
+        *out++ = char(0xc0 | character >> 6);
+    } else {
+        if (character < 0x10000) {
+            *out++ = char(0xe0 | character >> 12);
+        } else {
+            *out++ = char(0xf0 | character >> 18);
+            *out++ = continuation(12);
+        }
+        *out++ = continuation(6);
+    }
+    *out++ = continuation(0);
+    return out;
+}
+
+} // namespace
+
 QJsonObject MapSink::mapOf(const Record &write)
 {
     MapSink sink;
@@ -78,7 +103,8 @@ void JsonTextSink::texts(QLatin1StringView key, const platform::TextSet &values)
 void JsonTextSink::integer(QLatin1StringView key, qint64 value)
 {
     appendKey(key);
-    m_text += QByteArray::number(value);
+    char digits[20];
+    m_text.append(digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr - digits);
 }
 
 void JsonTextSink::real(QLatin1StringView key, double value)
@@ -130,23 +156,33 @@ void JsonTextSink::appendKey(QLatin1StringView key)
 
 void JsonTextSink::appendText(QStringView text)
 {
-    m_text += '"';
-    const char16_t *from = text.utf16();
-    const char16_t *const end = from + text.size();
-    while (from < end) {
-        const char16_t *plain = from;
-        while (plain < end && *plain >= 0x20 && *plain != u'"' && *plain != u'\\')
-            ++plain;
-        m_text += QStringView(from, plain).toUtf8();
-        if (plain == end)
-            break;
-        if (*plain == u'"' || *plain == u'\\') {
-            m_text += '\\';
-            m_text += char(*plain);
-        } else {
-            m_text += "\\u" + QByteArray::number(*plain, 16).rightJustified(4, '0');
+    // Room for the longest form of each character, which is an escape by number.
+    constexpr qsizetype longestEscape = 6;
+    const qsizetype start = m_text.size();
+    m_text.resize(start + text.size() * longestEscape + 2);
+    char *out = m_text.data() + start;
+    *out++ = '"';
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        char32_t character = text[i].unicode();
+        if (QChar::isSurrogate(character)) {
+            const bool isPair =
+                QChar::isHighSurrogate(character) && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+            character =
+                isPair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : char32_t(QChar::ReplacementCharacter);
+            i += isPair ? 1 : 0;
         }
-        from = plain + 1;
+        if (character >= 0x80) {
+            out = appendUtf8(out, character);
+        } else if (character < 0x20) {
+            out = std::copy_n(
+                QByteArray("\\u00" + QByteArray::number(character, 16).rightJustified(2, '0')).data(),
+                longestEscape, out);
+        } else {
+            if (character == u'"' || character == u'\\')
+                *out++ = '\\';
+            *out++ = char(character);
+        }
     }
-    m_text += '"';
+    *out++ = '"';
+    m_text.truncate(out - m_text.data());
 }

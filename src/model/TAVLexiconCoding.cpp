@@ -1,5 +1,7 @@
+#include "model/CodingNumbers.h"
 #include "model/FieldSink.h"
-#include "model/JsonFields.h"
+#include "model/FieldSource.h"
+#include "model/JsonTextSource.h"
 #include "model/TAVLexicon.h"
 #include "model/TAVStatistics.h"
 #include "platform/Texts.h"
@@ -22,47 +24,91 @@ QString defaultName()
     return QStringLiteral("No name");
 }
 
+TAVWordList wordsFrom(FieldSource &source)
+{
+    TAVWordList words;
+    source.record([&words](FieldSource &level) {
+        while (level.next()) {
+            if (level.key() != "words")
+                continue;
+            words.clear();
+            level.records([&words](FieldSource &word) { words.append(TAVWord::initWithFields(word)); });
+        }
+    });
+    return words;
+}
+
 } // namespace
 
 std::shared_ptr<TAVLexicon> TAVLexicon::initWithDictionary(const std::optional<QJsonObject> &dictionary)
 {
-    const auto lexicon = std::make_shared<TAVLexicon>();
     if (!dictionary)
-        return lexicon;
+        return std::make_shared<TAVLexicon>();
+    MapSource source(*dictionary);
+    return initWithFields(source);
+}
 
+std::shared_ptr<TAVLexicon> TAVLexicon::initWithJson(QByteArrayView json)
+{
+    std::shared_ptr<TAVLexicon> lexicon;
+    const bool isRead = JsonTextSource::readRecord(
+        json, [&lexicon](FieldSource &source) { lexicon = initWithFields(source); });
+    return isRead ? lexicon : std::make_shared<TAVLexicon>();
+}
+
+std::shared_ptr<TAVLexicon> TAVLexicon::initWithFields(FieldSource &source)
+{
+    const auto lexicon = std::make_shared<TAVLexicon>();
+    lexicon->m_isAutoSelectInputSource = false;
+    lexicon->m_statistics = std::make_shared<TAVStatistics>();
     LevelLists lists;
-    for (size_t level = 0; level < lists.size(); ++level) {
-        TAVWordList &list = lists[level].emplace();
-        const QJsonArray words = dictionary->value(levelKeys[level]).toObject().value("words"_L1).toArray();
-        list.reserve(words.size());
-        for (const QJsonValue word : words) {
-            if (word.isObject())
-                list.append(TAVWord::initWithDictionary(word.toObject()));
-        }
+    lists.fill(TAVWordList());
+    std::optional<QString> language;
+    std::optional<QString> foreignName;
+    std::optional<QString> yourName;
+    while (source.next()) {
+        const QLatin1StringView key(source.key());
+        if (const auto *const level = std::find(levelKeys.begin(), levelKeys.end(), key);
+            level != levelKeys.end())
+            lists[size_t(level - levelKeys.begin())] = wordsFrom(source);
+        else if (key == "language"_L1)
+            language = source.text();
+        else if (key == "foreignLanguageName"_L1)
+            foreignName = source.text();
+        else if (key == "yourLanguageName"_L1)
+            yourName = source.text();
+        else if (key == "statistics"_L1)
+            source.record([&lexicon](FieldSource &statistics) {
+                lexicon->m_statistics = TAVStatistics::initWithFields(statistics);
+            });
+        else
+            lexicon->readSetting(key, source);
     }
-
-    const auto text = [&dictionary](QLatin1StringView key) {
-        return coding::textIfAny(dictionary->value(key));
-    };
-    const QString language = text("language"_L1).value_or(defaultName());
-    lexicon->setForeignLanguageName(text("foreignLanguageName"_L1).value_or(language));
-    lexicon->setYourLanguageName(
-        text("yourLanguageName"_L1).value_or(platform::localized("yourLanguageName")));
+    lexicon->setForeignLanguageName(foreignName.value_or(language.value_or(defaultName())));
+    lexicon->setYourLanguageName(yourName ? *yourName : platform::localized("yourLanguageName"));
     lexicon->adoptReadLists(std::move(lists), 4);
-
-    lexicon->m_statistics = TAVStatistics::initWithDictionary(dictionary->value("statistics"_L1).toObject());
-    lexicon->m_yourFacultativeWords = coding::textSetOf(dictionary->value("yourFacultativeWords"_L1));
-    lexicon->m_foreignFacultativeWords = coding::textSetOf(dictionary->value("foreignFacultativeWords"_L1));
-    lexicon->m_yourTextInputSourceId = text("yourTextInputSourceName"_L1);
-    lexicon->m_foreignTextInputSourceId = text("foreignTextInputSourceName"_L1);
     lexicon->resolveInputSources();
-    lexicon->m_isAutoSelectInputSource = coding::flagOf(dictionary->value("isAutoSelectInputSource"_L1));
-    lexicon->m_isDisableMisspellRecognition =
-        coding::flagOf(dictionary->value("isDisableMisspellRecognition"_L1));
-    lexicon->m_needsSync = coding::flagOf(dictionary->value("isDirty"_L1));
-    const qint64 version = coding::integerOf(dictionary->value("version"_L1));
-    lexicon->m_version = std::max<qint64>(0, coding::plausibleCount(version));
     return lexicon;
+}
+
+void TAVLexicon::readSetting(QLatin1StringView key, FieldSource &source)
+{
+    if (key == "yourFacultativeWords"_L1)
+        m_yourFacultativeWords = source.texts();
+    else if (key == "foreignFacultativeWords"_L1)
+        m_foreignFacultativeWords = source.texts();
+    else if (key == "yourTextInputSourceName"_L1)
+        m_yourTextInputSourceId = source.text();
+    else if (key == "foreignTextInputSourceName"_L1)
+        m_foreignTextInputSourceId = source.text();
+    else if (key == "isAutoSelectInputSource"_L1)
+        m_isAutoSelectInputSource = source.flag();
+    else if (key == "isDisableMisspellRecognition"_L1)
+        m_isDisableMisspellRecognition = source.flag();
+    else if (key == "isDirty"_L1)
+        m_needsSync = source.flag();
+    else if (key == "version"_L1)
+        m_version = std::max<qint64>(0, coding::plausibleCount(source.integer()));
 }
 
 QJsonObject TAVLexicon::dictionaryRepresentation() const

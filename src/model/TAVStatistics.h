@@ -11,6 +11,7 @@
 class ArchiveDecoder;
 class ArchiveEncoder;
 class FieldSink;
+class FieldSource;
 class TAVDailyStatisticsSnapshot;
 class TAVLexicon;
 
@@ -31,6 +32,7 @@ public:
     TAVDailyStatisticsSnapshot &operator=(const TAVDailyStatisticsSnapshot &) = default;
 
     static TAVSnapshotRef initWithDictionary(const QJsonObject &dictionary);
+    static TAVSnapshotRef initWithFields(FieldSource &source);
     QJsonObject dictionaryRepresentation() const;
     void writeFields(FieldSink &sink) const;
     static TAVSnapshotRef initWithCoder(const ArchiveDecoder &decoder);
@@ -60,6 +62,7 @@ public:
     TAVStatistics() = default;
 
     static std::shared_ptr<TAVStatistics> initWithDictionary(const QJsonObject &dictionary);
+    static std::shared_ptr<TAVStatistics> initWithFields(FieldSource &source);
     QJsonObject dictionaryRepresentation() const;
     void writeFields(FieldSink &sink) const;
     static std::shared_ptr<TAVStatistics> initWithCoder(const ArchiveDecoder &decoder);

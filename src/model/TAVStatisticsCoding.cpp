@@ -1,5 +1,6 @@
+#include "model/CodingNumbers.h"
 #include "model/FieldSink.h"
-#include "model/JsonFields.h"
+#include "model/FieldSource.h"
 #include "model/TAVStatistics.h"
 #include "storage/archive/ArchiveDecoder.h"
 #include "storage/archive/ArchiveEncoder.h"
@@ -30,11 +31,21 @@ QDateTime dayFromSeconds(double seconds)
 
 TAVSnapshotRef TAVDailyStatisticsSnapshot::initWithDictionary(const QJsonObject &dictionary)
 {
+    MapSource source(dictionary);
+    return initWithFields(source);
+}
+
+TAVSnapshotRef TAVDailyStatisticsSnapshot::initWithFields(FieldSource &source)
+{
     const auto snapshot = std::make_shared<TAVDailyStatisticsSnapshot>();
-    snapshot->setDay(dayFromSeconds(dictionary.value("day"_L1).toDouble()));
-    for (int level = 0; level < numberOfLevels; ++level) {
-        const qint64 number = coding::integerOf(dictionary.value(mapKeys[size_t(level)]));
-        snapshot->setNumberOfWordsInLevel(level, coding::plausibleCount(number));
+    snapshot->setDay(coding::dateFromSeconds(0));
+    while (source.next()) {
+        if (source.key() == "day")
+            snapshot->setDay(dayFromSeconds(source.real().value_or(0)));
+        const auto *const key = std::find(mapKeys.begin(), mapKeys.end(), QLatin1StringView(source.key()));
+        if (key != mapKeys.end())
+            snapshot->setNumberOfWordsInLevel(int(key - mapKeys.begin()),
+                                              coding::plausibleCount(source.integer()));
     }
     return snapshot;
 }
@@ -75,12 +86,21 @@ void TAVDailyStatisticsSnapshot::encodeWithCoder(ArchiveEncoder &encoder) const
 
 std::shared_ptr<TAVStatistics> TAVStatistics::initWithDictionary(const QJsonObject &dictionary)
 {
+    MapSource source(dictionary);
+    return initWithFields(source);
+}
+
+std::shared_ptr<TAVStatistics> TAVStatistics::initWithFields(FieldSource &source)
+{
     const auto statistics = std::make_shared<TAVStatistics>();
-    const QJsonArray snapshots = dictionary.value("dailySnapshots"_L1).toArray();
-    for (const QJsonValue snapshot : snapshots) {
-        if (snapshot.isObject())
-            statistics->m_dailySnapshots.append(
-                TAVDailyStatisticsSnapshot::initWithDictionary(snapshot.toObject()));
+    while (source.next()) {
+        if (source.key() == "dailySnapshots") {
+            TAVSnapshotList snapshots;
+            source.records([&snapshots](FieldSource &snapshot) {
+                snapshots.append(TAVDailyStatisticsSnapshot::initWithFields(snapshot));
+            });
+            statistics->m_dailySnapshots = snapshots;
+        }
     }
     return statistics;
 }

@@ -14,6 +14,7 @@
 class ArchiveDecoder;
 class ArchiveEncoder;
 class FieldSink;
+class FieldSource;
 class TAVLexicon;
 class TAVWord;
 
@@ -32,6 +33,7 @@ public:
 
     /** Reads the short keys of a vocabulary file; absent: a word with all defaults. */
     static TAVWordRef initWithDictionary(const std::optional<QJsonObject> &dictionary);
+    static TAVWordRef initWithFields(FieldSource &source);
     QJsonObject dictionaryRepresentation() const;
     /** The fields of dictionaryRepresentation(), which are the form in a vocabulary's file. */
     void writeFields(FieldSink &sink) const;

@@ -1,5 +1,6 @@
+#include "model/CodingNumbers.h"
 #include "model/FieldSink.h"
-#include "model/JsonFields.h"
+#include "model/FieldSource.h"
 #include "model/TAVWord.h"
 #include "storage/archive/ArchiveDecoder.h"
 #include "storage/archive/ArchiveEncoder.h"
@@ -13,25 +14,47 @@ TAVTextSet textSetFrom(const std::optional<QStringList> &texts)
     return TAVTextSet(texts.value_or(QStringList()));
 }
 
+QDateTime dateFrom(std::optional<double> seconds)
+{
+    return seconds ? coding::dateFromSeconds(std::trunc(*seconds)) : QDateTime();
+}
+
 } // namespace
 
 TAVWordRef TAVWord::initWithDictionary(const std::optional<QJsonObject> &dictionary)
 {
-    const auto word = std::make_shared<TAVWord>();
     if (!dictionary)
-        return word;
-    word->setYourWord(dictionary->value("yw"_L1).toString());
-    word->setForeignWord(dictionary->value("fw"_L1).toString());
-    word->setComment(dictionary->value("c"_L1).toString());
-    if (const QJsonValue lastAsked = dictionary->value("la"_L1); lastAsked.isDouble())
-        word->setLastAsked(coding::dateFromSeconds(std::trunc(lastAsked.toDouble())));
-    if (const QJsonValue tags = dictionary->value("t"_L1); tags.isArray())
-        word->setTags(coding::textSetOf(tags));
-    word->setCreationID(coding::integerOf(dictionary->value("cid"_L1)));
-    word->setModificationID(coding::integerOf(dictionary->value("mid"_L1)));
-    word->setDontAskAgain(coding::flagOf(dictionary->value("daa"_L1)));
-    word->setFallenDownCounter(coding::unsignedOf(coding::integerOf(dictionary->value("wc"_L1))));
-    word->setLevel(coding::unsignedOf(coding::integerOf(dictionary->value("l"_L1))));
+        return std::make_shared<TAVWord>();
+    MapSource source(*dictionary);
+    return initWithFields(source);
+}
+
+TAVWordRef TAVWord::initWithFields(FieldSource &source)
+{
+    const auto word = std::make_shared<TAVWord>();
+    while (source.next()) {
+        const QByteArrayView key = source.key();
+        if (key == "yw")
+            word->setYourWord(source.text());
+        else if (key == "fw")
+            word->setForeignWord(source.text().value_or(QString()));
+        else if (key == "c")
+            word->setComment(source.text().value_or(QString()));
+        else if (key == "t")
+            word->setTags(source.texts());
+        else if (key == "cid")
+            word->setCreationID(source.integer());
+        else if (key == "l")
+            word->setLevel(coding::unsignedOf(source.integer()));
+        else if (key == "la")
+            word->setLastAsked(dateFrom(source.real()));
+        else if (key == "mid")
+            word->setModificationID(source.integer());
+        else if (key == "wc")
+            word->setFallenDownCounter(coding::unsignedOf(source.integer()));
+        else if (key == "daa")
+            word->setDontAskAgain(source.flag());
+    }
     return word;
 }
 

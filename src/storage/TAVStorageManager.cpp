@@ -12,7 +12,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
 #include <QJsonParseError>
 #include <QThread>
 
@@ -176,9 +175,7 @@ TAVLexiconRef TAVStorageManager::vocabularyFromTAVVFile(const std::optional<QStr
         showLoadFailure(*path, Failure::Decompression);
         return nullptr;
     }
-    const QJsonDocument document = QJsonDocument::fromJson(*json);
-    return TAVLexicon::initWithDictionary(document.isObject() ? std::optional(document.object())
-                                                              : std::nullopt);
+    return TAVLexicon::initWithJson(*json);
 }
 
 TAVLexiconRef TAVStorageManager::vocabularyFromLXAFile(const std::optional<QString> &path)
