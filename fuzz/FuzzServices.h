@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/Services.h"
+
+/** Real time and no desktop: what reading a vocabulary asks of the system. */
+class FuzzServices
+{
+public:
+    FuzzServices()
+    {
+        platform::Services services;
+        services.clock = m_clock.get();
+        services.inputSources = &m_inputSources;
+        platform::installServices(services);
+    }
+
+private:
+    std::unique_ptr<platform::Clock> m_clock = platform::makeSystemClock();
+    platform::InputSources m_inputSources;
+};
