@@ -21,14 +21,16 @@ struct Hint
     const char *key;
     /** The side of the control on which the label stands. */
     Qt::Edge side;
+    /** Room that a neighbour's label takes between the control and this one. */
+    int distance;
 };
 
 constexpr std::array<Hint, 5> hints{{
-    {"level2Button", QT_TRANSLATE_NOOP("MainWindow", "helpLevels"), Qt::RightEdge},
-    {"tagScrollArea", QT_TRANSLATE_NOOP("MainWindow", "helpTags"), Qt::RightEdge},
-    {"searchField", QT_TRANSLATE_NOOP("MainWindow", "helpSearch"), Qt::BottomEdge},
-    {"addWordButton", QT_TRANSLATE_NOOP("MainWindow", "helpAddWord"), Qt::BottomEdge},
-    {"vocabularyTable", QT_TRANSLATE_NOOP("MainWindow", "helpTable"), Qt::TopEdge},
+    {"level2Button", QT_TRANSLATE_NOOP("MainWindow", "helpLevels"), Qt::RightEdge, 0},
+    {"tagScrollArea", QT_TRANSLATE_NOOP("MainWindow", "helpTags"), Qt::RightEdge, 0},
+    {"searchField", QT_TRANSLATE_NOOP("MainWindow", "helpSearch"), Qt::BottomEdge, 0},
+    {"addWordButton", QT_TRANSLATE_NOOP("MainWindow", "helpAddWord"), Qt::BottomEdge, 84},
+    {"vocabularyTable", QT_TRANSLATE_NOOP("MainWindow", "helpTable"), Qt::TopEdge, 84},
 }};
 
 constexpr int labelWidth = 220;
@@ -129,10 +131,10 @@ private:
             box.moveTopLeft({tip.x() + gap, tip.y() - box.height() / 2});
         } else if (hint.side == Qt::BottomEdge) {
             tip = {target.center().x(), target.bottom()};
-            box.moveTopLeft({tip.x() - box.width() / 2, tip.y() + gap});
+            box.moveTopLeft({tip.x() - box.width() / 2, tip.y() + gap + hint.distance});
         } else {
             tip = {target.center().x(), target.center().y()};
-            box.moveTopLeft({tip.x() - box.width() / 2, tip.y() + gap});
+            box.moveTopLeft({tip.x() - box.width() / 2, tip.y() + gap + hint.distance});
         }
         const QRect room = rect().adjusted(gap, gap, -gap, -gap);
         box.moveLeft(std::clamp(box.left(), room.left(), std::max(room.left(), room.right() - box.width())));

@@ -224,7 +224,7 @@ QString TAVLexiconController::wordCountStatus()
         return localized("Vocabulary", "nativeStatus")
             .arg(QLocale().toString(native), QLocale().toString(excluded), all);
     }
-    return localized("Vocabulary", "allStatus", nullptr, int(m_vocabulary->countAllWords()));
+    return localized("Vocabulary", "allStatus").arg(all);
 }
 
 void TAVLexiconController::toggleStatusView()

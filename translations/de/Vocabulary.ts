@@ -19,12 +19,9 @@
         <source>addWordMenuItemTitle</source>
         <translation>Neues Wort</translation>
     </message>
-    <message numerus="yes">
+    <message>
         <source>allStatus</source>
-        <translation>
-            <numerusform>Ein Wort</numerusform>
-            <numerusform>%n Wörter</numerusform>
-        </translation>
+        <translation>Wörter insgesamt: %1</translation>
     </message>
     <message>
         <source>allWordsHeadding</source>

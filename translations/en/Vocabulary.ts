@@ -19,12 +19,9 @@
         <source>addWordMenuItemTitle</source>
         <translation>New word</translation>
     </message>
-    <message numerus="yes">
+    <message>
         <source>allStatus</source>
-        <translation>
-            <numerusform>One word</numerusform>
-            <numerusform>%n words</numerusform>
-        </translation>
+        <translation>Words in all: %1</translation>
     </message>
     <message>
         <source>allWordsHeadding</source>
