@@ -6,6 +6,7 @@
 #include "quiz/AnswerJudge.h"
 #include "quiz/forms/CardStyle.h"
 #include "quiz/forms/FlashCardRestart.h"
+#include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/ReturnKey.h"
 #include "storage/TAVStorageManager.h"
@@ -30,8 +31,6 @@ constexpr std::chrono::milliseconds questionDelay = 10ms;
 constexpr std::chrono::milliseconds correctMarkDelay = 600ms;
 /** Shorter than the other: what was not known is not looked at any longer. */
 constexpr std::chrono::milliseconds wrongMarkDelay = 500ms;
-constexpr int levelSize = 40;
-constexpr int arrowSize = 20;
 constexpr int usualSpeed = 2;
 constexpr int countdownSeconds = 5;
 enum ButtonsPage { markButtons, showButton };
@@ -61,9 +60,9 @@ TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view)
                           static_cast<QWidget *>(m_ui->commentTextField)})
         text->setAttribute(Qt::WA_TransparentForMouseEvents);
     CardStyle::setTextColor(m_ui->commentTextField, CardText::fadedTextColor());
-    CardStyle::setPicture(m_ui->upArrowImageView, QStringLiteral("arrow_up"), arrowSize);
-    CardStyle::setPicture(m_ui->downArrowImageView, QStringLiteral("arrow_down"), arrowSize);
-    CardStyle::setPicture(m_ui->deletedImageView, QStringLiteral("deleted"), levelSize);
+    LevelPicture::showArrow(m_ui->upArrowImageView, true);
+    LevelPicture::showArrow(m_ui->downArrowImageView, false);
+    CardStyle::setPicture(m_ui->deletedImageView, QStringLiteral("deleted"), LevelPicture::size);
     CardStyle::makeDefault(m_ui->showAnswerButton);
     m_ui->showAnswerHiddenButton->lower();
 
@@ -245,10 +244,9 @@ void TAVFlashCardQuizController::setQuestion()
     m_ui->buttonsTabView->setCurrentIndex(showButton);
 
     const quint64 level = m_currentWord->level();
-    CardStyle::setPicture(m_ui->levelImageView, Icons::levelName(int(level)), levelSize);
-    CardStyle::setPicture(m_ui->upperLevelImageView, Icons::levelName(int(AnswerJudge::levelAbove(level))),
-                          levelSize);
-    CardStyle::setPicture(m_ui->lowerLevelImageView, Icons::levelName(int(levelBelow(level))), levelSize);
+    LevelPicture::showLevel(m_ui->levelImageView, level);
+    LevelPicture::showLevel(m_ui->upperLevelImageView, AnswerJudge::levelAbove(level));
+    LevelPicture::showLevel(m_ui->lowerLevelImageView, levelBelow(level));
     showMarks();
     if (m_isAutoPlay)
         armAutoPlay(m_showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
