@@ -5,6 +5,15 @@ namespace {
 /** Stands for no answer: too far off to be right or misspelled. */
 constexpr qint64 distanceOfNoAnswer = 8;
 
+qint64 distanceOfAnswer(const QString &expected, const QString &answer)
+{
+    if (AnswerJudge::isNoAnswer(answer))
+        return distanceOfNoAnswer;
+    // Each missing letter costs one at least. Endless texts out of a file need not be compared to tell that.
+    const qint64 missing = std::abs(expected.size() - answer.size());
+    return missing >= 2 ? missing : TAVQuizInterface::distanceBetween(expected, answer);
+}
+
 } // namespace
 
 void AnswerJudge::beginRun()
@@ -21,9 +30,7 @@ void AnswerJudge::beginRun()
 Verdict AnswerJudge::judge(const TAVWordRef &asked, const QString &answer, bool askedForeign)
 {
     m_lastWord = asked;
-    const qint64 distance = isNoAnswer(answer)
-                                ? distanceOfNoAnswer
-                                : m_run.distanceBetween(expectedText(*asked, askedForeign), answer);
+    const qint64 distance = distanceOfAnswer(expectedText(*asked, askedForeign), answer);
     Verdict verdict = Verdict::wrong;
     if (distance == 0) {
         verdict = Verdict::correct;
@@ -42,7 +49,8 @@ Verdict AnswerJudge::judge(const TAVWordRef &asked, const QString &answer, bool 
 TAVWordRef AnswerJudge::synonymWithText(const TAVWord &asked, const QString &answer, bool askedForeign) const
 {
     for (const TAVWordRef &synonym : m_run.vocabulary()->synonymsForWord(asked)) {
-        if (m_run.distanceBetween(expectedText(*synonym, askedForeign), answer) != 0)
+        // A near miss of a synonym counts for nothing.
+        if (expectedText(*synonym, askedForeign) != answer)
             continue;
         const qsizetype index = m_run.wordsToAsk().indexOf(synonym);
         if (index < 0 || index > m_run.askIndex())

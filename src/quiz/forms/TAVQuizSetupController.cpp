@@ -48,8 +48,9 @@ TAVQuizSetupController::TAVQuizSetupController(QuizView *view, const VocabularyS
                       m_ui->quizAskMidTermButton, m_ui->quizAskLongTermButton,   m_ui->quizAskNativeButton};
     m_dueLabels = {m_ui->unknownNoOfDueLabel, m_ui->ultraShortNoOfDueLabel, m_ui->shortNoOfDueLabel,
                    m_ui->midNoOfDueLabel,     m_ui->longNoOfDueLabel,       m_ui->nativeNoOfDueLabel};
-    m_ui->quizNumberOfWordsStepper->findChild<QLineEdit *>()->setObjectName(
-        QStringLiteral("quizNumberOfWordsTextField"));
+    auto *numberField = m_ui->quizNumberOfWordsStepper->findChild<QLineEdit *>();
+    numberField->setObjectName(QStringLiteral("quizNumberOfWordsTextField"));
+    numberField->setAccessibleName(platform::localized("Quiz", "numberOfWords"));
     CardStyle::enlarge(m_ui->summaryLabel, 1.7);
     CardStyle::enlarge(m_ui->quizStartQuizButton, 1.15);
     CardStyle::makeDefault(m_ui->quizStartQuizButton);

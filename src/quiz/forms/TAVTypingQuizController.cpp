@@ -24,6 +24,7 @@ namespace {
 constexpr std::chrono::milliseconds stepDelay = 200ms;
 constexpr std::chrono::milliseconds firstFocusDelay = 1s;
 constexpr int markSize = 32;
+constexpr int longestAnswer = 4000;
 
 bool isRight(Verdict verdict)
 {
@@ -64,6 +65,8 @@ TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
         CardStyle::setTextColor(label, CardText::fadedTextColor());
     CardStyle::makeDefault(m_ui->nextButton);
     CardStyle::makeDefault(m_ui->showStatisticsButton);
+    // More can't be typed, only pasted, and would take long to judge.
+    m_ui->answerTextField->setMaxLength(longestAnswer);
     m_ui->answerTextField->setFont(CardText::font(QString(), CardText::answerLimit));
     localize();
     connectControls();
