@@ -129,19 +129,3 @@ TEST_F(EwmhDesktopTest, FollowsTheUserToAnotherDesktop)
     EXPECT_EQ(root("_NET_CURRENT_DESKTOP").value(0), 1u) << "the panel comes to the user, not the user to it";
     EXPECT_EQ(x11::numbers(connection, window, "_NET_WM_DESKTOP").value(0), 1u);
 }
-
-TEST_F(EwmhDesktopTest, AProgramThatIsGoneIsNotMissed)
-{
-    platform::Desktop::Application gone = 0;
-    {
-        const OtherClient other;
-        ASSERT_TRUE(comesToFront(other.window()));
-        gone = desktop->frontmostApplication();
-    }
-    const OtherClient stays;
-    ASSERT_TRUE(comesToFront(stays.window()));
-    desktop->activateApplication(gone);
-    desktop->activateApplication(0);
-    processEvents();
-    EXPECT_EQ(desktop->frontmostApplication(), stays.window());
-}

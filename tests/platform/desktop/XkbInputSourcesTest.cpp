@@ -62,15 +62,3 @@ TEST_F(XkbInputSourcesTest, ListsTheGroupsAndSwitchesBetweenThem)
     sources.selectInputSource(list.at(1));
     EXPECT_EQ(current(sources), u"xkb:de"_qs);
 }
-
-TEST_F(XkbInputSourcesTest, AKeymapWithoutNotesIsKnownByItsNames)
-{
-    setLayouts(u"us,de"_qs, u","_qs);
-    xcb_connection_t *connection = platform::x11::connection();
-    xcb_delete_property(connection, platform::x11::rootWindow(connection),
-                        platform::x11::atom(connection, "_XKB_RULES_NAMES"));
-    XkbInputSources sources(connection);
-    ASSERT_EQ(ids(sources), QStringList({u"xkb:English (US)"_qs, u"xkb:German"_qs}));
-    sources.selectInputSource(sources.createInputSourceList(false).at(1));
-    EXPECT_EQ(current(sources), u"xkb:German"_qs);
-}
