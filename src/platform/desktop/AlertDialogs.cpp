@@ -107,8 +107,9 @@ void AlertDialogs::answer(const std::shared_ptr<Request> &request, int button)
     m_current.reset();
     if (QDialog *dialog = m_dialog; dialog && dialog->isVisible())
         dialog->close();
-    clock().release();
+    // In this order, so that no timer slips in between two alerts.
     showNext();
+    clock().release();
 }
 
 void AlertDialogs::end()
