@@ -4,6 +4,7 @@
 #include "platform/Services.h"
 #include "platform/Texts.h"
 #include "quiz/forms/CardStyle.h"
+#include "quiz/forms/InfoPanels.h"
 #include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizForm.h"
 #include "quiz/forms/QuizResultPage.h"
@@ -56,8 +57,8 @@ TAVQuizSetupController::TAVQuizSetupController(QuizView *view, const VocabularyS
     CardStyle::makeDefault(m_ui->quizStartQuizButton);
     CardStyle::setTextColor(m_ui->errorLabel, QColor::fromRgbF(0.68f, 0.2f, 0.29f));
     CardStyle::keepPlaceWhenHidden(m_ui->errorLabel);
-    m_ui->infoTabView->hide();
-    m_ui->promptTabView->hide();
+    m_infoPanels =
+        std::make_unique<InfoPanels>(m_ui->infoTabView, m_ui->promptTabView, announcement::address());
     localize();
     for (int mode = 0; mode < numberOfForms; ++mode)
         m_ui->quizModeSegmentControl->setSegmentEnabled(mode, false);
@@ -132,7 +133,7 @@ void TAVQuizSetupController::showQuiz()
     m_openedAt = platform::clock().now();
     m_hasStartedSinceOpening = false;
 
-    m_ui->infoTabView->hide();
+    m_infoPanels->hideInfo();
     if (m_ui->quizTagsTokenField->tokens().isEmpty())
         m_ui->quizTagsTokenField->setTokens({platform::localized("Quiz", "allTags")});
     showDirections();
@@ -151,6 +152,8 @@ void TAVQuizSetupController::showQuiz()
     m_view->card()->setColorNeutral();
     m_view->showPage(QuizView::setupPage);
     m_view->setProgressVisible(false);
+    if (!m_infoPanels->showRatingPrompt())
+        m_infoPanels->showInfoPanel();
     if (!m_view->page(QuizView::setupPage)->isAncestorOf(QApplication::focusWidget()))
         m_ui->quizStartQuizButton->setFocus();
 }
@@ -408,7 +411,7 @@ void TAVQuizSetupController::startQuiz()
     m_hasStartedSinceOpening = true;
     platform::clock().callAfter(startDelay, this, [this, form] { startForm(form); });
     m_preSelectedWords.clear();
-    m_ui->infoTabView->hide();
+    m_infoPanels->hideInfo();
 }
 
 void TAVQuizSetupController::startForm(QuizForm *form)

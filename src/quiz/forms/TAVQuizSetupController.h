@@ -12,6 +12,7 @@
 #include <array>
 #include <memory>
 
+class InfoPanels;
 class LevelButton;
 class QAbstractButton;
 class QLabel;
@@ -54,6 +55,8 @@ public:
     void updateErrorLabel();
     void startQuiz();
     bool isUserSetupOK();
+    /** The announcement and the prompt of this page. */
+    InfoPanels *infoPanels() const { return m_infoPanels.get(); }
 
 private:
     static constexpr int numberOfForms = 3;
@@ -85,6 +88,7 @@ private:
     QuizView *m_view;
     const VocabularySource *m_vocabularyController;
     std::unique_ptr<Ui::TAVQuizSetup> m_ui;
+    std::unique_ptr<InfoPanels> m_infoPanels;
     std::array<LevelButton *, TAVLexicon::numberOfLevels> m_levelButtons = {};
     std::array<QLabel *, TAVLexicon::numberOfLevels> m_dueLabels = {};
     std::array<QuizForm *, numberOfForms> m_forms = {};
