@@ -154,6 +154,8 @@ TEST_F(FlashCardQuizTest, NothingIsBookedUnseenWhereverTheUserGoes)
     for (const TAVWordRef &word : words)
         EXPECT_FALSE(word->lastAsked().isValid());
     m_view.show();
+    m_view.activateWindow();
+    processEvents();
     press(Qt::Key_P);
     EXPECT_TRUE(m_cards.isAutoPlay());
     setSpeed(0);
