@@ -52,9 +52,9 @@ TAVWordRef AnswerJudge::synonymWithText(const TAVWord &asked, const QString &ans
         // A near miss of a synonym counts for nothing.
         if (expectedText(*synonym, askedForeign) != answer)
             continue;
+        // One that was asked already is no hit, and none behind it is looked for.
         const qsizetype index = m_run.wordsToAsk().indexOf(synonym);
-        if (index < 0 || index > m_run.askIndex())
-            return synonym;
+        return index < 0 || index > m_run.askIndex() ? synonym : nullptr;
     }
     return nullptr;
 }

@@ -65,6 +65,7 @@ TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view)
     CardStyle::setPicture(m_ui->deletedImageView, QStringLiteral("deleted"), LevelPicture::size);
     CardStyle::makeDefault(m_ui->showAnswerButton);
     m_ui->showAnswerHiddenButton->lower();
+    page->setFocusPolicy(Qt::StrongFocus);
 
     auto *place = m_view->result()->extraPlace();
     m_restartControls = new FlashCardRestart(place);
@@ -248,6 +249,8 @@ void TAVFlashCardQuizController::setQuestion()
     LevelPicture::showLevel(m_ui->upperLevelImageView, AnswerJudge::levelAbove(level));
     LevelPicture::showLevel(m_ui->lowerLevelImageView, levelBelow(level));
     showMarks();
+    // The keys of this page work wherever the last click has left the focus.
+    m_view->page(QuizView::flashCardPage)->setFocus();
     if (m_isAutoPlay)
         armAutoPlay(m_showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
 }
