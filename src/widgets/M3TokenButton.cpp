@@ -25,16 +25,19 @@ M3TokenButton::M3TokenButton(const QString &token, QWidget *parent)
     : QAbstractButton(parent)
 {
     setText(token);
+    // An ampersand in a text is no access key.
+    setShortcut(QKeySequence());
     setAccessibleName(token);
     setCheckable(true);
     setFont(titleFont());
     setFocusPolicy(Qt::TabFocus);
+    m_width = std::min(fontMetrics().horizontalAdvance(token) + roomBesideTitle, QWIDGETSIZE_MAX);
     setGeometry(0, 0, 50, buttonHeight);
 }
 
 QRect M3TokenButton::boundingRect() const
 {
-    return QRect(pos(), QSize(fontMetrics().horizontalAdvance(text()) + roomBesideTitle, buttonHeight));
+    return QRect(pos(), QSize(m_width, buttonHeight));
 }
 
 void M3TokenButton::paintEvent(QPaintEvent *)

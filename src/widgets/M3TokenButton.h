@@ -26,6 +26,8 @@ protected:
     virtual void startDrag();
 
 private:
+    /** Measured once; a cloud of thousands asks for it at each drawing. */
+    int m_width = 0;
     QPoint m_pressedAt;
     bool m_isPressed = false;
 };

@@ -3,6 +3,8 @@
 #include "platform/CaseFolding.h"
 #include "widgets/M3TokenButton.h"
 
+#include <QButtonGroup>
+
 namespace {
 
 constexpr int rowHeight = 24;
@@ -33,7 +35,9 @@ QList<Row> packed(const QList<M3TokenButton *> &buttons, int viewWidth)
 
 M3TokenCloud::M3TokenCloud(QWidget *parent)
     : QWidget(parent)
+    , m_group(new QButtonGroup(this))
 {
+    m_group->setExclusive(false);
 }
 
 M3TokenButton *M3TokenCloud::createButton(const QString &token)
@@ -41,6 +45,8 @@ M3TokenButton *M3TokenCloud::createButton(const QString &token)
     auto *button = new M3TokenButton(token, this);
     button->hide();
     connect(button, &QAbstractButton::clicked, this, [this, button] { buttonClicked(button); });
+    // A number of its own; without one the group would look for a free one among all.
+    m_group->addButton(button, m_nextButtonId++);
     m_tokenButtons.insert(token, button);
     m_sortedButtons.clear();
     return button;
@@ -50,6 +56,7 @@ void M3TokenCloud::removeButton(const QString &token)
 {
     if (M3TokenButton *button = m_tokenButtons.take(token)) {
         button->hide();
+        m_group->removeButton(button);
         button->deleteLater();
         m_sortedButtons.clear();
     }
@@ -107,6 +114,24 @@ void M3TokenCloud::buttonClicked(M3TokenButton *button)
         m_delegate->tokenCloudDidClickToken(this, token, isOn);
 }
 
+void M3TokenCloud::placeButtons(const QList<QList<M3TokenButton *>> &rows)
+{
+    const int step = rows.size() > 1 ? placingGap : packingGap;
+    int y = 0;
+    for (const Row &row : rows) {
+        int x = 0;
+        for (M3TokenButton *button : row) {
+            const QRect place(QPoint(x, y), button->boundingRect().size());
+            x += place.width() + step;
+            if (button->geometry() == place && !button->isHidden())
+                continue;
+            button->setGeometry(place);
+            button->show();
+        }
+        y += rowHeight;
+    }
+}
+
 void M3TokenCloud::recalculateButtonLocations()
 {
     if (m_sortedButtons.size() != m_tokenButtons.size()) {
@@ -120,20 +145,7 @@ void M3TokenCloud::recalculateButtonLocations()
             setTabOrder(m_sortedButtons.at(i - 1), m_sortedButtons.at(i));
     }
     const QList<Row> rows = packed(m_sortedButtons, width());
-    const int step = rows.size() > 1 ? placingGap : packingGap;
-    int y = 0;
-    for (const Row &row : rows) {
-        int x = 0;
-        for (M3TokenButton *button : row) {
-            const QRect place(QPoint(x, y), button->boundingRect().size());
-            if (button->geometry() != place)
-                button->setGeometry(place);
-            if (button->isHidden())
-                button->show();
-            x += place.width() + step;
-        }
-        y += rowHeight;
-    }
+    placeButtons(rows);
     const double neededHeight = double(rows.size()) * rowHeight;
     if (m_setup && neededHeight != m_preferredHeight) {
         m_preferredHeight = neededHeight;

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class M3TokenButton;
+class QButtonGroup;
 class M3TokenCloud;
 
 class M3TokenCloudDelegate
@@ -55,6 +56,8 @@ protected:
 private:
     M3TokenButton *createButton(const QString &token);
     void removeButton(const QString &token);
+    /** Leaves alone what stands in its place, so that drawing doesn't cause another drawing. */
+    void placeButtons(const QList<QList<M3TokenButton *>> &rows);
     void buttonClicked(M3TokenButton *button);
 
     platform::TextSet m_tokens;
@@ -62,6 +65,9 @@ private:
     QHash<QString, M3TokenButton *> m_tokenButtons;
     /** In the order of their titles; empty while that is to be worked out anew. */
     QList<M3TokenButton *> m_sortedButtons;
+    /** Without it each change of one button looks through all of them. Arrow keys go by place in it. */
+    QButtonGroup *m_group;
+    int m_nextButtonId = 0;
     M3TokenCloudDelegate *m_delegate = nullptr;
     double m_preferredHeight = -1.0;
     bool m_setup = false;
