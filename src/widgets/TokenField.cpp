@@ -1,8 +1,10 @@
 #include "widgets/TokenField.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -55,9 +57,10 @@ TokenField::TokenField(QWidget *parent)
     connect(m_input, &QLineEdit::textEdited, this, &TokenField::handleTyping);
 
     m_completer = new QCompleter(m_completions, this);
-    m_completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+    m_completer->setCompletionMode(QCompleter::PopupCompletion);
     m_completer->setCaseSensitivity(Qt::CaseSensitive);
     m_input->setCompleter(m_completer);
+    m_completer->popup()->installEventFilter(this);
     // The input takes the chosen text over first.
     connect(m_completer, qOverload<const QString &>(&QCompleter::activated), this, &TokenField::commitInput,
             Qt::QueuedConnection);
@@ -130,6 +133,15 @@ void TokenField::handleTyping()
         m_input->setText(parts.takeLast());
         add(parts);
     }
+    // The blank after a comma is no beginning that a completion could have.
+    const QString begun = m_input->text();
+    if (begun.startsWith(u' ')) {
+        const auto blanks =
+            std::find_if(begun.begin(), begun.end(), [](QChar c) { return c != u' '; }) - begun.begin();
+        const int place = m_input->cursorPosition();
+        m_input->setText(begun.sliced(blanks));
+        m_input->setCursorPosition(std::max(0, place - int(blanks)));
+    }
     m_completions->setStringList(m_provider && !m_input->text().isEmpty() ? m_provider(m_input->text())
                                                                           : QStringList());
     arrange();
@@ -146,10 +158,24 @@ void TokenField::remove(int index)
     emit tokensChanged();
 }
 
+bool TokenField::commitsUnderCompletions(int key)
+{
+    QAbstractItemView *list = m_completer->popup();
+    if ((key != Qt::Key_Return && key != Qt::Key_Enter) || list->currentIndex().isValid())
+        return false;
+    list->hide();
+    commitInput();
+    return true;
+}
+
 bool TokenField::handleKey(int key)
 {
     const bool isAtStart = m_input->cursorPosition() == 0 && !m_input->hasSelectedText();
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    // In a text that runs against the layout, the end is what lies beside the chips.
+    const bool runsAgainst = !m_input->text().isEmpty() && m_input->text().isRightToLeft() != isMirrored;
+    const bool isBesideChips = !m_input->hasSelectedText() &&
+                               m_input->cursorPosition() == (runsAgainst ? m_input->text().size() : 0);
     const int last = int(m_tokens.size()) - 1;
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         if (m_input->text().isEmpty())
@@ -157,7 +183,8 @@ bool TokenField::handleKey(int key)
         commitInput();
         return true;
     }
-    if (key == (isMirrored ? Qt::Key_Right : Qt::Key_Left) && isAtStart && last >= 0) {
+    if (key == (isMirrored ? Qt::Key_Right : Qt::Key_Left) && (isBesideChips || m_current >= 0) &&
+        last >= 0) {
         m_current = m_current < 0 ? last : std::max(0, m_current - 1);
     } else if (key == (isMirrored ? Qt::Key_Left : Qt::Key_Right) && m_current >= 0) {
         m_current = m_current < last ? m_current + 1 : -1;
@@ -201,9 +228,12 @@ bool TokenField::eventFilter(QObject *watched, QEvent *event)
         }
     } else if (watched == m_content) {
         if (event->type() == QEvent::Paint)
-            paintChips();
+            paintChips(static_cast<QPaintEvent *>(event)->rect());
         else if (event->type() == QEvent::MouseButtonPress)
             clickChip(static_cast<QMouseEvent *>(event)->pos());
+    } else if (m_completer && watched == m_completer->popup()) {
+        if (event->type() == QEvent::KeyPress)
+            return commitsUnderCompletions(static_cast<QKeyEvent *>(event)->key());
     }
     return QWidget::eventFilter(watched, event);
 }
@@ -275,7 +305,7 @@ void TokenField::arrange()
         m_scrollArea->ensureWidgetVisible(m_input, 0, gap);
 }
 
-void TokenField::paintChips()
+void TokenField::paintChips(const QRect &area)
 {
     QPainter painter(m_content);
     painter.fillRect(m_content->rect(), palette().base());
@@ -283,6 +313,8 @@ void TokenField::paintChips()
     const QColor accent = palette().color(QPalette::Highlight);
     for (int i = 0; i < m_places.size(); ++i) {
         const QRect chip = m_places.at(i);
+        if (!area.intersects(chip))
+            continue;
         const bool isCurrent = i == m_current;
         QColor fill = accent;
         fill.setAlphaF(isCurrent ? 1.0f : 0.18f);

@@ -44,6 +44,8 @@ protected:
 
 private:
     bool handleKey(int key);
+    /** Return while the completions show and none is chosen ends the text as it was typed. */
+    bool commitsUnderCompletions(int key);
     void handleTyping();
     /** Makes chips of the texts, as far as they are new. */
     void add(const QStringList &texts);
@@ -52,7 +54,7 @@ private:
     /** Places chips and input in rows of that width; gives the height of all rows. */
     int placeChips(int width, int rowHeight);
     void arrange();
-    void paintChips();
+    void paintChips(const QRect &area);
     void clickChip(const QPoint &place);
 
     QScrollArea *m_scrollArea = nullptr;
