@@ -9,6 +9,7 @@
 #include "ui_TAVWordPopover.h"
 #include "widgets/ArrowPopup.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 
 using namespace std::chrono_literals;
@@ -193,7 +194,9 @@ void TAVWordPopoverController::focusSoon()
     m_focusTimer = platform::clock().startTimer(focusDelay, false, [this] {
         if (!m_popup->isVisible())
             return;
-        m_popup->activateWindow();
+        // A reload may come while the user works in another program.
+        if (QApplication::activeWindow())
+            m_popup->activateWindow();
         QWidget *first = m_ui->foreignWordTextField->isEnabled()
                              ? static_cast<QWidget *>(m_ui->foreignWordTextField)
                              : m_ui->commentTextField;
@@ -408,5 +411,7 @@ void TAVWordPopoverController::switchKeyboardTo(const platform::InputSourceRef &
 
 void TAVWordPopoverController::switchKeyboardBack()
 {
-    platform::services().inputSources->selectInputSource(m_textInputSourceBackup);
+    // A source kept from an earlier vocabulary is none of this one's business.
+    if (m_vocabulary && m_vocabulary->isAutoSelectInputSource())
+        platform::services().inputSources->selectInputSource(m_textInputSourceBackup);
 }
