@@ -240,7 +240,7 @@ TEST_F(LxaTest, damagedArchivesGiveTheAlert)
         const char *what;
         QByteArray bytes;
     };
-    const QByteArray whole = lexicon(R"("language":"x")");
+    const QByteArray whole = lexicon(R"("language":"long text")");
     ASSERT_TRUE(load(whole));
     QByteArray manyReferences = R"({"NS.objects":[)";
     for (int i = 0; i < 100000; ++i)
@@ -280,6 +280,7 @@ TEST_F(LxaTest, damagedArchivesGiveTheAlert)
         {"container within itself", rawList({"\xa1" + QByteArray(1, '\0')})},
         {"count beyond the file", rawList({"\xaf\x13\x7f\xff\xff\xff\xff\xff\xff\xff"})},
         {"text beyond the file", rawList({"\x6f\x13\x7f\xff\xff\xff\xff\xff\xff\xff"})},
+        {"null within a text", QByteArray(whole).replace("long text", QByteArrayView("long\0text", 9))},
         {"number as a key", rawList({QByteArray("\xd1\x01\x01"), "\x10\x05"})},
         {"deep nesting", rawList(doubling)},
         {"references that double at each step", rawList(nested)},

@@ -64,7 +64,7 @@ class ArchiveTable
 public:
     explicit ArchiveTable(QByteArrayView bytes)
     {
-        if (bytes.size() > ArchiveDecoder::mostBytes || !isBoundedBinaryList(bytes))
+        if (bytes.size() > ArchiveDecoder::mostBytes || !isHarmlessBinaryList(bytes))
             return;
         plist_t root = nullptr;
         plist_from_bin(bytes.data(), uint32_t(bytes.size()), &root);

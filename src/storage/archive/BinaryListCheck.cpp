@@ -98,6 +98,16 @@ private:
         return type == 0x5 || type == 0x6;
     }
 
+    /** Whether the text has a null in it, at which the library ends the process when asked for the text. */
+    bool holdsNull(const Body &text, quint64 size) const
+    {
+        for (quint64 i = 0; i < text.count; ++i) {
+            if (number(text.start + i * size, size) == 0)
+                return true;
+        }
+        return false;
+    }
+
     bool visit(quint64 index, int depth)
     {
         const std::optional<quint64> position = positionOf(index);
@@ -114,7 +124,7 @@ private:
         case 0x6: {
             const std::optional<Body> body = bodyAt(*position);
             const quint64 size = type == 0x6 ? 2 : 1;
-            if (!body || !fits(body->start, body->count, size))
+            if (!body || !fits(body->start, body->count, size) || (type != 0x4 && holdsNull(*body, size)))
                 return false;
             m_objects[index].bytes = bytesPerNode + 2 * size * body->count;
             return true;
@@ -165,7 +175,7 @@ private:
 
 } // namespace
 
-bool isBoundedBinaryList(QByteArrayView bytes)
+bool isHarmlessBinaryList(QByteArrayView bytes)
 {
     return Check(bytes).run();
 }

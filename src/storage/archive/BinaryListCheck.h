@@ -3,8 +3,8 @@
 #include <QByteArrayView>
 
 /**
- * Whether the bytes are a binary property list that can be unfolded into a tree with bounded memory and
- * depth. The library that unfolds it copies an object for each reference to it, so that a short file of
- * nested references would fill any memory.
+ * Whether the bytes are a binary property list that the library can unfold into a tree without harm. It
+ * copies an object for each reference to it, so that a short file of nested references would fill any memory,
+ * and it ends the process over a text with a null in it.
  */
-bool isBoundedBinaryList(QByteArrayView bytes);
+bool isHarmlessBinaryList(QByteArrayView bytes);
