@@ -30,7 +30,7 @@ constexpr std::array<Hint, 5> hints{{
     {"tagScrollArea", QT_TRANSLATE_NOOP("MainWindow", "helpTags"), Qt::RightEdge, 0},
     {"searchField", QT_TRANSLATE_NOOP("MainWindow", "helpSearch"), Qt::BottomEdge, 0},
     {"addWordButton", QT_TRANSLATE_NOOP("MainWindow", "helpAddWord"), Qt::BottomEdge, 84},
-    {"vocabularyTable", QT_TRANSLATE_NOOP("MainWindow", "helpTable"), Qt::TopEdge, 84},
+    {"vocabularyTable", QT_TRANSLATE_NOOP("MainWindow", "helpTable"), Qt::TopEdge, 0},
 }};
 
 constexpr int labelWidth = 220;

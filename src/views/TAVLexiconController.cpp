@@ -18,6 +18,26 @@
 
 using platform::localized;
 
+namespace {
+
+WordOrder orderOfColumn(int column)
+{
+    switch (column) {
+    case WordTableModel::YourWord:
+        return WordOrder::YourLang;
+    case WordTableModel::ForeignWord:
+        return WordOrder::ForeignLang;
+    case WordTableModel::Comment:
+        return WordOrder::Comment;
+    case WordTableModel::Tags:
+        return WordOrder::Tags;
+    default:
+        return WordOrder::LastAsked;
+    }
+}
+
+} // namespace
+
 TAVLexiconController::UpdateHold::UpdateHold(TAVLexiconController &controller)
     : m_controller(controller)
 {
@@ -86,10 +106,16 @@ void TAVLexiconController::updateEntireView()
 
 const TAVWordList &TAVLexiconController::currentWordsToShow()
 {
-    if (!m_needsToRecalculateDisplayedWords)
-        return m_currentWordsToShow;
-    m_needsToRecalculateDisplayedWords = false;
-    m_listedVocabulary = m_vocabulary;
+    if (m_needsToRecalculateDisplayedWords) {
+        m_needsToRecalculateDisplayedWords = false;
+        m_listedVocabulary = m_vocabulary;
+        m_currentWordsToShow = calculateWordsToShow();
+    }
+    return m_currentWordsToShow;
+}
+
+TAVWordList TAVLexiconController::calculateWordsToShow() const
+{
     TAVWordList words;
     if (m_vocabulary) {
         if (m_isSynonymsActive)
@@ -102,24 +128,8 @@ const TAVWordList &TAVLexiconController::currentWordsToShow()
     if (!searchTerm().isEmpty())
         words = TAVLexicon::filterWords(words, searchTerm());
     words = TAVLexicon::filteredWords(words, m_ui->tagCloud->selectedTokenNames(), false);
-    switch (m_lastColumn) {
-    case WordTableModel::YourWord:
-        sortWords(words, WordOrder::YourLang);
-        break;
-    case WordTableModel::ForeignWord:
-        sortWords(words, WordOrder::ForeignLang);
-        break;
-    case WordTableModel::Comment:
-        sortWords(words, WordOrder::Comment);
-        break;
-    case WordTableModel::Tags:
-        sortWords(words, WordOrder::Tags);
-        break;
-    default:
-        sortWords(words, WordOrder::LastAsked);
-    }
-    m_currentWordsToShow = words;
-    return m_currentWordsToShow;
+    sortWords(words, orderOfColumn(m_lastColumn));
+    return words;
 }
 
 qsizetype TAVLexiconController::calculateWordIndexForRow(qsizetype row)
@@ -132,17 +142,31 @@ void TAVLexiconController::didClickTableColumn(int column)
     if (column == m_lastColumn) {
         m_model->reorder([this] { m_sortDescending = !m_sortDescending; });
     } else {
-        m_model->reorder([this, column] {
-            m_sortDescending = false;
-            m_lastColumn = column;
-            m_needsToRecalculateDisplayedWords = true;
-        });
-        m_model->setHighlightedColumn(column);
+        sortByOtherColumn(column);
     }
     setSortIndicator();
     const QList<int> rows = m_ui->vocabularyTable->selectedRowList();
     if (!rows.isEmpty())
         m_ui->vocabularyTable->scrollTo(m_model->index(rows.first(), WordTableModel::YourWord));
+}
+
+void TAVLexiconController::sortByOtherColumn(int column)
+{
+    m_lastColumn = column;
+    const TAVWordList sorted = calculateWordsToShow();
+    const auto change = [this, &sorted] {
+        m_sortDescending = false;
+        m_currentWordsToShow = sorted;
+        m_listedVocabulary = m_vocabulary;
+    };
+    // A quiz may have moved words to other levels meanwhile; then these are not the same rows in another
+    // order.
+    if (sorted.size() == m_currentWordsToShow.size() && !m_needsToRecalculateDisplayedWords)
+        m_model->reorder(change);
+    else
+        m_model->reload(change);
+    m_needsToRecalculateDisplayedWords = false;
+    m_model->setHighlightedColumn(column);
 }
 
 void TAVLexiconController::setSortIndicator()

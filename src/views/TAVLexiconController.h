@@ -160,7 +160,12 @@ private:
     void tableViewSelectionDidChange();
     void showEditorForSelection(const QList<int> &rows);
     /** The table may still show words of a vocabulary that was replaced under the open editor. */
+    bool isListOutlived() const;
+    /** The words of the present vocabulary that stand for those of the one before. */
+    TAVWordList successorsOf(const TAVWordList &words) const;
     bool adoptReplacedVocabulary();
+    TAVWordList calculateWordsToShow() const;
+    void sortByOtherColumn(int column);
     void setSortIndicator();
     void hideWordEditor();
     void markFileAsNeedsSync();

@@ -5,6 +5,10 @@
 #include "views/TAVLexiconController.h"
 #include "views/editor/TAVWordPopoverController.h"
 
+#include <QHash>
+
+#include <algorithm>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -20,7 +24,7 @@ TAVWordList TAVLexiconController::getSelectedWordsArray()
     words.reserve(rows.size());
     for (const int row : rows)
         words.append(m_model->wordAtRow(row));
-    return words;
+    return isListOutlived() ? successorsOf(words) : words;
 }
 
 void TAVLexiconController::deselectWords()
@@ -54,15 +58,34 @@ void TAVLexiconController::showEditorForSelection(const QList<int> &rows)
     m_wordEditor->showBeside(viewport, cell.intersected(viewport->rect()));
 }
 
+bool TAVLexiconController::isListOutlived() const
+{
+    return m_vocabulary && m_listedVocabulary.lock() != m_vocabulary;
+}
+
+TAVWordList TAVLexiconController::successorsOf(const TAVWordList &words) const
+{
+    QHash<std::pair<QString, QString>, TAVWordRef> present;
+    for (const TAVWordRef &word : m_vocabulary->allWords()) {
+        const auto texts = std::pair(word->yourWord(), word->foreignWord());
+        if (!present.contains(texts))
+            present.insert(texts, word);
+    }
+    TAVWordList successors;
+    for (const TAVWordRef &word : words) {
+        if (const TAVWordRef found = present.value({word->yourWord(), word->foreignWord()}))
+            successors.append(found);
+    }
+    return successors;
+}
+
 bool TAVLexiconController::adoptReplacedVocabulary()
 {
-    if (m_listedVocabulary.lock() == m_vocabulary || !m_vocabulary)
+    if (!isListOutlived())
         return false;
-    const QList<int> rows = m_ui->vocabularyTable->selectedRowList();
-    const TAVWordRef chosen = rows.size() == 1 ? m_model->wordAtRow(rows.first()) : nullptr;
+    const TAVWordList chosen = getSelectedWordsArray();
     updateEntireView();
-    const TAVWordRef successor = chosen ? m_vocabulary->findWordEqualTo(*chosen) : nullptr;
-    const qsizetype index = currentWordsToShow().indexOf(successor);
+    const qsizetype index = chosen.size() == 1 ? currentWordsToShow().indexOf(chosen.first()) : -1;
     if (index >= 0)
         m_ui->vocabularyTable->selectOnlyRow(int(calculateWordIndexForRow(index)));
     return true;
@@ -206,7 +229,9 @@ void TAVLexiconController::undoDeletion()
 
 bool TAVLexiconController::acceptDrop(int row, const QString &text)
 {
-    const TAVWordRef word = m_model->wordAtRow(row);
+    TAVWordRef word = m_model->wordAtRow(row);
+    if (word && isListOutlived())
+        word = successorsOf({word}).value(0);
     if (!word || !m_vocabulary)
         return false;
     word->addTag(text);

@@ -108,6 +108,10 @@ void TAVLexiconController::setupTable()
     connect(table->horizontalHeader(), &QHeaderView::sectionClicked, this,
             &TAVLexiconController::didClickTableColumn);
     connect(table, &WordTableView::deletePressed, this, &TAVLexiconController::deleteSelectedWords);
+    connect(table, &WordTableView::escapePressed, this, [this] {
+        if (m_wordEditor->isPanelVisible())
+            m_wordEditor->closeWordPanel(nullptr);
+    });
     connect(table, &WordTableView::openPressed, this, [this] { tableViewSelectionDidChange(); });
 
     m_ui->noWordsTabView->setParent(table->viewport());
@@ -129,6 +133,10 @@ void TAVLexiconController::setupTable()
 void TAVLexiconController::connectActions()
 {
     connect(m_ui->searchField, &QLineEdit::textChanged, this, &TAVLexiconController::search);
+    connect(m_ui->searchField, &QLineEdit::returnPressed, this, [this] {
+        m_ui->vocabularyTable->setFocus(Qt::TabFocusReason);
+        putCursorNear(0);
+    });
     connect(m_ui->addWordButton, &QPushButton::clicked, this, &TAVLexiconController::showAddWordPanel);
     connect(m_ui->synonymsShowAllButton, &QPushButton::clicked, this,
             &TAVLexiconController::setDisplaySynonyms);

@@ -185,6 +185,8 @@ void WordTableView::keyPressEvent(QKeyEvent *event)
             emit deletePressed();
     } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !event->isAutoRepeat()) {
         emit openPressed();
+    } else if (event->key() == Qt::Key_Escape) {
+        emit escapePressed();
     } else {
         QTableView::keyPressEvent(event);
     }

@@ -28,6 +28,7 @@ public slots:
 
 signals:
     void deletePressed();
+    void escapePressed();
     /** Return was pressed on the selection. */
     void openPressed();
 

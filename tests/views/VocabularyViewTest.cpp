@@ -141,6 +141,17 @@ TEST_F(ViewsTest, ADescendingTableIsTheSameListFromItsEnd)
     EXPECT_EQ(header->sortIndicatorOrder(), Qt::AscendingOrder);
 }
 
+TEST_F(ViewsTest, SortingAfterAQuizHasMovedWordsShowsThemAsTheyAre)
+{
+    startWith(makeItalian());
+    QAbstractItemModelTester tester(table()->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    click("level0Button");
+    vocabulary()->answeredWord(vocabulary()->findWordByID(1001), 1);
+    words()->didClickTableColumn(Column::Comment);
+    EXPECT_EQ(table()->model()->rowCount(), 0);
+    EXPECT_EQ(table()->verticalHeader()->count(), 0);
+}
+
 TEST_F(ViewsTest, AddingSelectsTheRowOfThePlaceInTheList)
 {
     const TAVLexiconRef italian = makeItalian();
@@ -245,6 +256,10 @@ TEST_F(ViewsTest, AReplacedVocabularyIsTakenUpBeforeItsWordsAreUsed)
     words()->wordEditor()->closeWordPanel(nullptr);
     ASSERT_TRUE(words()->wordEditor()->isActive());
     words()->reloadVocabularyFromDisk();
+    ASSERT_EQ(words()->getSelectedWordsArray().size(), 1);
+    EXPECT_TRUE(vocabulary()->allWords().contains(words()->getSelectedWordsArray().first()));
+    dropOnRow(2, QStringLiteral("drink"));
+    EXPECT_EQ(vocabulary()->findWordByID(1003)->tagsSorted(), list("drink"));
     table()->selectOnlyRow(1);
     ASSERT_TRUE(words()->selectedWord());
     EXPECT_EQ(words()->selectedWord()->yourWord(), QStringLiteral("house"));
