@@ -65,8 +65,12 @@ TAVLexiconController::~TAVLexiconController()
 {
     // The editor's panel belongs to the view's window, and the table reads from this object.
     m_wordEditor.reset();
-    if (m_view)
-        m_ui->tagCloud->setDelegate(nullptr);
+    if (!m_view)
+        return;
+    m_ui->tagCloud->setDelegate(nullptr);
+    // The view still sends events while its table is gone.
+    m_ui->vocabularyTable->viewport()->removeEventFilter(this);
+    m_view->removeEventFilter(this);
     delete m_view;
 }
 
