@@ -30,6 +30,9 @@ public:
     void updateViews() override;
 
     TAVMainWindowController &mainWindowController() { return m_mainWindowController; }
+    TAVTypingQuizController &typingQuiz() { return m_typingQuiz; }
+    TAVFlashCardQuizController &flashCardQuiz() { return m_flashCardQuiz; }
+    TAVQuizSetupController &quizSetup() { return m_quizSetup; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
