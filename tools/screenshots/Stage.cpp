@@ -51,6 +51,8 @@ Stage::~Stage()
 QPalette Stage::darkPalette()
 {
     QPalette palette(QColor(0x2b, 0x2d, 0x30), QColor(0x1e, 0x1f, 0x22));
+    palette.setColor(QPalette::Base, QColor(0x26, 0x27, 0x2a));
+    palette.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2c, 0x30));
     palette.setColor(QPalette::Highlight, QColor(0x3d, 0x8b, 0xd0));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::PlaceholderText, QColor(255, 255, 255, 110));

@@ -52,8 +52,10 @@ TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view)
     QWidget *page = m_view->page(QuizView::flashCardPage);
     m_ui->setupUi(page);
     m_editor = std::make_unique<TAVWordPopoverController>(page);
-    for (QLabel *label : {m_ui->upperLevelImageView, m_ui->upArrowImageView, m_ui->downArrowImageView,
-                          m_ui->lowerLevelImageView, m_ui->deletedImageView})
+    for (QLabel *label :
+         {m_ui->upperLevelImageView, m_ui->upArrowImageView, m_ui->downArrowImageView,
+          m_ui->lowerLevelImageView, m_ui->deletedImageView,
+          static_cast<QLabel *>(m_ui->correctAnswerTextField), static_cast<QLabel *>(m_ui->commentTextField)})
         CardStyle::keepPlaceWhenHidden(label);
     for (QWidget *text : {static_cast<QWidget *>(m_ui->questionTextField),
                           static_cast<QWidget *>(m_ui->correctAnswerTextField),
@@ -74,6 +76,7 @@ TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view)
     place->hide();
 
     localize();
+    showPlayState();
     connectControls();
     addShortcuts();
     page->installEventFilter(this);
@@ -423,6 +426,11 @@ void TAVFlashCardQuizController::togglePlay()
         armAutoPlay(m_flipTimeout, &TAVFlashCardQuizController::showNext);
     else if (m_isAutoPlay)
         armAutoPlay(m_showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
+    showPlayState();
+}
+
+void TAVFlashCardQuizController::showPlayState()
+{
     m_ui->showAnswerButton->setEnabled(!m_isAutoPlay);
     m_ui->showAnswerHiddenButton->setEnabled(!m_isAutoPlay);
     m_ui->showAnswerButton->setVisible(!m_isAutoPlay);

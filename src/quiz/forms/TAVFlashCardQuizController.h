@@ -87,6 +87,7 @@ private:
     void armShowNext(std::chrono::milliseconds delay);
     /** Brings colour, pictures and arrows of the level preview in step with the two marks. */
     void showMarks();
+    void showPlayState();
     void bookAnswer();
     void takeDontAskAgain();
     void showTexts();
