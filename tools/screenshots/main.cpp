@@ -6,6 +6,7 @@
 #include "views/MemoryLevelButton.h"
 #include "views/editor/TAVWordPopoverController.h"
 
+#include <QApplication>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>

@@ -13,6 +13,7 @@ FlashCardRestart::FlashCardRestart(QWidget *parent)
     , m_countdownField(new QLabel(this))
 {
     m_button->setObjectName(QStringLiteral("countdownButton"));
+    m_button->setMinimumSize(160, 30);
     m_countdownField->setObjectName(QStringLiteral("countdownField"));
     m_countdownField->setMinimumWidth(m_countdownField->fontMetrics().horizontalAdvance(u'0') * 4);
     CardStyle::keepPlaceWhenHidden(m_countdownField);
