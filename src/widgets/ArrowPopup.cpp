@@ -1,8 +1,8 @@
 #include "widgets/ArrowPopup.h"
 
+#include <QBitmap>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -85,10 +85,11 @@ void ArrowPopup::place()
         m_arrowPosition = middle.x() - corner.x();
     }
     move(corner);
+    updateMask();
     update();
 }
 
-void ArrowPopup::paintEvent(QPaintEvent *)
+QPainterPath ArrowPopup::outline() const
 {
     const QRectF body = QRectF(rect()).adjusted(arrowLength, arrowLength, -arrowLength, -arrowLength);
     const bool isSide = m_arrowEdge == Qt::LeftEdge || m_arrowEdge == Qt::RightEdge;
@@ -116,19 +117,36 @@ void ArrowPopup::paintEvent(QPaintEvent *)
               << QPointF(at + arrowHalfWidth, body.bottom() - 1);
         break;
     }
-    QPainterPath outline;
-    outline.addRoundedRect(body, cornerRadius, cornerRadius);
+    QPainterPath frame;
+    frame.addRoundedRect(body, cornerRadius, cornerRadius);
     QPainterPath tip;
     tip.addPolygon(arrow);
     tip.closeSubpath();
+    return frame.united(tip);
+}
 
+void ArrowPopup::updateMask()
+{
+    // Where nothing composes the windows, what is translucent would be black.
+    QBitmap mask(size());
+    mask.clear();
+    QPainter painter(&mask);
+    painter.setPen(QPen(Qt::color1, 1.5));
+    painter.setBrush(Qt::color1);
+    painter.drawPath(outline());
+    painter.end();
+    setMask(mask);
+}
+
+void ArrowPopup::paintEvent(QPaintEvent *)
+{
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     QColor line = palette().color(QPalette::WindowText);
     line.setAlphaF(0.35f);
     painter.setPen(line);
     painter.setBrush(palette().window());
-    painter.drawPath(outline.united(tip));
+    painter.drawPath(outline());
 }
 
 void ArrowPopup::keyPressEvent(QKeyEvent *event)

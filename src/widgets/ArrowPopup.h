@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPainterPath>
 #include <QPointer>
 #include <QWidget>
 
@@ -31,6 +32,9 @@ protected:
 
 private:
     void place();
+    /** Body and arrow in one. */
+    QPainterPath outline() const;
+    void updateMask();
 
     QPointer<QWidget> m_anchorWidget;
     QRect m_anchor;

@@ -300,6 +300,8 @@ void TokenField::arrange()
     m_input->setGeometry(QStyle::visualRect(layoutDirection(), all, m_input->geometry()));
     m_input->setPlaceholderText(m_tokens.isEmpty() ? m_placeholderText : QString());
     setFixedHeight(std::min(height, highest) + frame);
+    // The layout misses a change of height that comes while it is working.
+    m_scrollArea->setGeometry(rect());
     m_content->update();
     if (m_input->hasFocus())
         m_scrollArea->ensureWidgetVisible(m_input, 0, gap);
