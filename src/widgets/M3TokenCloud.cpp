@@ -3,8 +3,6 @@
 #include "platform/CaseFolding.h"
 #include "widgets/M3TokenButton.h"
 
-#include <QButtonGroup>
-
 namespace {
 
 constexpr int rowHeight = 24;
@@ -35,9 +33,7 @@ QList<Row> packed(const QList<M3TokenButton *> &buttons, int viewWidth)
 
 M3TokenCloud::M3TokenCloud(QWidget *parent)
     : QWidget(parent)
-    , m_group(new QButtonGroup(this))
 {
-    m_group->setExclusive(false);
 }
 
 M3TokenButton *M3TokenCloud::createButton(const QString &token)
@@ -45,8 +41,6 @@ M3TokenButton *M3TokenCloud::createButton(const QString &token)
     auto *button = new M3TokenButton(token, this);
     button->hide();
     connect(button, &QAbstractButton::clicked, this, [this, button] { buttonClicked(button); });
-    // A number of its own; without one the group would look for a free one among all.
-    m_group->addButton(button, m_nextButtonId++);
     m_tokenButtons.insert(token, button);
     m_sortedButtons.clear();
     return button;
@@ -56,7 +50,6 @@ void M3TokenCloud::removeButton(const QString &token)
 {
     if (M3TokenButton *button = m_tokenButtons.take(token)) {
         button->hide();
-        m_group->removeButton(button);
         button->deleteLater();
         m_sortedButtons.clear();
     }

@@ -6,7 +6,6 @@
 #include <QWidget>
 
 class M3TokenButton;
-class QButtonGroup;
 class M3TokenCloud;
 
 class M3TokenCloudDelegate
@@ -65,9 +64,6 @@ private:
     QHash<QString, M3TokenButton *> m_tokenButtons;
     /** In the order of their titles; empty while that is to be worked out anew. */
     QList<M3TokenButton *> m_sortedButtons;
-    /** Without it each change of one button looks through all of them. Arrow keys go by place in it. */
-    QButtonGroup *m_group;
-    int m_nextButtonId = 0;
     M3TokenCloudDelegate *m_delegate = nullptr;
     double m_preferredHeight = -1.0;
     bool m_setup = false;

@@ -41,7 +41,8 @@ TEST_F(ShownWidgets, tagCloudIsWalkedByArrowsAndHasNoAccessKeys)
     cloud->setTokens({QStringLiteral("R&B"), QStringLiteral("aaaa"), QStringLiteral("zzzz")});
     window.show();
     window.activateWindow();
-    processEvents();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    cloud->recalculateButtonLocations();
     QTest::keyClick(&window, Qt::Key_B, Qt::AltModifier);
     EXPECT_TRUE(cloud->selectedTokenNames().isEmpty());
 
