@@ -17,7 +17,8 @@ public:
 
     /** Writes the log to disk and empties it. */
     virtual void saveLogAndClear() {}
-    /** When and how the vocabulary was last synced; absent if a sync is under way, empty while none has run. */
+    /** When and how the vocabulary was last synced; absent if a sync is under way, empty while none has run.
+     */
     virtual std::optional<QString> syncStatusForVocabulary(const TAVLexicon &vocabulary)
     {
         Q_UNUSED(vocabulary)

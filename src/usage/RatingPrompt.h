@@ -6,7 +6,8 @@
 class RatingPrompt
 {
 public:
-    struct Thresholds {
+    struct Thresholds
+    {
         int daysUntilPrompt = 5;
         int usesUntilPrompt = 10;
         int eventsUntilPrompt = 10;

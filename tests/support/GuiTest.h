@@ -6,8 +6,7 @@
 #include <QWidget>
 
 /** The one control of that name and class below the root; the test fails if it is missing. */
-template <typename Control>
-Control *findControl(QWidget *root, const char *name)
+template <typename Control> Control *findControl(QWidget *root, const char *name)
 {
     auto *control = root->findChild<Control *>(QLatin1String(name));
     EXPECT_NE(control, nullptr) << "no control named " << name;

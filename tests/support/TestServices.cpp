@@ -8,7 +8,12 @@ using namespace std::chrono;
 class TestClock::Handle : public platform::Timer
 {
 public:
-    Handle(TestClock &clock, quint64 id) : m_clock(clock), m_id(id), m_alive(clock.m_alive) {}
+    Handle(TestClock &clock, quint64 id)
+        : m_clock(clock)
+        , m_id(id)
+        , m_alive(clock.m_alive)
+    {
+    }
     ~Handle() override
     {
         if (m_alive.expired())
@@ -25,7 +30,8 @@ private:
 };
 
 TestClock::TestClock()
-    : m_now(QDateTime(QDate(2026, 11, 18), QTime(9, 0), Qt::UTC)), m_timeZone(QTimeZone::utc())
+    : m_now(QDateTime(QDate(2026, 11, 18), QTime(9, 0), Qt::UTC))
+    , m_timeZone(QTimeZone::utc())
 {
 }
 
@@ -117,7 +123,10 @@ namespace {
 class InlineSerialQueue : public platform::SerialQueue
 {
 public:
-    explicit InlineSerialQueue(const QString &label) : m_label(label) {}
+    explicit InlineSerialQueue(const QString &label)
+        : m_label(label)
+    {
+    }
     void async(platform::Task task) override
     {
         ++m_depth;
@@ -200,7 +209,9 @@ void TestSystemLog::write(platform::SystemLogLevel level, const QString &text)
     lines.append({level, text});
 }
 
-TestServices::TestServices() : folders(directory.path()), m_previous(platform::services())
+TestServices::TestServices()
+    : folders(directory.path())
+    , m_previous(platform::services())
 {
     platform::installServices({&clock, &settings, &random, &queues, &alerts, &folders, &browser,
                                &inputSources, &desktop, &reachability, &systemLog});

@@ -34,7 +34,8 @@ public:
     bool isHeld() const { return m_holds > 0; }
 
 private:
-    struct Entry {
+    struct Entry
+    {
         std::function<void()> call;
         std::chrono::milliseconds interval;
         bool repeats = false;
@@ -111,7 +112,10 @@ private:
 class TestFolders : public platform::Folders
 {
 public:
-    explicit TestFolders(const QString &root) : m_root(root) {}
+    explicit TestFolders(const QString &root)
+        : m_root(root)
+    {
+    }
     QStringList applicationSupportDirectories() const override;
     QString cacheDirectory() const override { return m_root + QLatin1String("/cache"); }
     QString configDirectory() const override { return m_root + QLatin1String("/config"); }

@@ -16,6 +16,11 @@ struct Way
     bool isFlagged;
 };
 
+void PrintTo(const Way &way, std::ostream *out)
+{
+    *out << way.name;
+}
+
 class SavingTest : public ViewsTest, public ::testing::WithParamInterface<Way>
 {
 public:

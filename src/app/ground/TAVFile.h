@@ -14,7 +14,7 @@ public:
     void setFilePath(const QString &path);
 
     QString filePath() const { return m_filePath; }
-    /** The part of the path behind the application's own folder. */
+    /** What of the path lies behind the application's own folder. */
     QString relativePath() const;
     /** The last path component without its extension: a vocabulary's display name. */
     QString fileName() const { return m_fileName; }

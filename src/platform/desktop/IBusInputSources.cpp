@@ -26,7 +26,7 @@ const QString daemonPath = QStringLiteral("/org/freedesktop/IBus");
 const QString daemonInterface = QStringLiteral("org.freedesktop.IBus");
 const QString idPrefix = QStringLiteral("ibus:");
 
-/** The part of DISPLAY or WAYLAND_DISPLAY after which the daemon names its address file. */
+/** What of DISPLAY or WAYLAND_DISPLAY stands in the name of the daemon's address file. */
 QString displayPartOfFileName()
 {
     const QString wayland = qEnvironmentVariable("WAYLAND_DISPLAY");

@@ -31,7 +31,7 @@ Summary summaryOf(const TAVWordList &words);
 
 /** Whether a text holds the sign that separates several words. */
 bool holdsSeveral(const Content &content);
-/** How many pairs the parts of both texts make; empty parts and single blanks don't count. */
+/** How many pairs both texts make; empty pieces and single blanks don't count. */
 qsizetype numberOfPairs(const Content &content);
 
 /** Gives the word what stands in the panel, as an edit of this moment. */
