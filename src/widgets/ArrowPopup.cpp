@@ -50,14 +50,6 @@ void ArrowPopup::showBeside(QWidget *widget, const QRect &rectangle)
     raise();
 }
 
-void ArrowPopup::setVisible(bool visible)
-{
-    // A field inside must learn that it is left for good; a hidden window alone would keep its focus for it.
-    if (QWidget *focused = visible ? nullptr : focusWidget())
-        focused->clearFocus();
-    QWidget::setVisible(visible);
-}
-
 void ArrowPopup::place()
 {
     if (!m_anchorWidget)

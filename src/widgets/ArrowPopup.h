@@ -19,7 +19,6 @@ public:
     void setContent(QWidget *content);
     /** Shows the popup at the side of the rectangle that has room, its arrow at the rectangle's middle. */
     void showBeside(QWidget *widget, const QRect &rectangle);
-    void setVisible(bool visible) override;
 
 signals:
     void escapePressed();

@@ -42,6 +42,7 @@ TokenField::TokenField(QWidget *parent)
     m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scrollArea->setFocusPolicy(Qt::NoFocus);
     m_scrollArea->setWidget(m_content);
+    m_scrollArea->installEventFilter(this);
     m_scrollArea->viewport()->setBackgroundRole(QPalette::Base);
     m_content->setBackgroundRole(QPalette::Base);
     m_content->setAutoFillBackground(true);
@@ -231,6 +232,10 @@ bool TokenField::eventFilter(QObject *watched, QEvent *event)
             paintChips(static_cast<QPaintEvent *>(event)->rect());
         else if (event->type() == QEvent::MouseButtonPress)
             clickChip(static_cast<QMouseEvent *>(event)->pos());
+    } else if (watched == m_scrollArea && event->type() == QEvent::KeyPress) {
+        // Keys that the input doesn't want are the window's, not the scroll bar's.
+        event->ignore();
+        return true;
     } else if (m_completer && watched == m_completer->popup()) {
         if (event->type() == QEvent::KeyPress)
             return commitsUnderCompletions(static_cast<QKeyEvent *>(event)->key());

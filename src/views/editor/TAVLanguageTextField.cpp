@@ -1,7 +1,5 @@
 #include "views/editor/TAVLanguageTextField.h"
 
-#include "views/editor/LanguageFocus.h"
-
 namespace {
 
 bool breaksLine(QChar character)
@@ -34,15 +32,26 @@ TAVLanguageTextField::TAVLanguageTextField(QWidget *parent)
 void TAVLanguageTextField::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
-    if (m_ohDelegate && movesBetweenFields(*event))
+    if (m_focus.begins(*event) && m_ohDelegate)
         m_ohDelegate->languageTextFieldDidBecomeActive(this);
 }
 
 void TAVLanguageTextField::focusOutEvent(QFocusEvent *event)
 {
     QLineEdit::focusOutEvent(event);
-    if (!movesBetweenFields(*event))
-        return;
+    if (m_focus.ends(*event))
+        endEditing();
+}
+
+void TAVLanguageTextField::hideEvent(QHideEvent *event)
+{
+    QLineEdit::hideEvent(event);
+    if (m_focus.endsByHiding(*event))
+        endEditing();
+}
+
+void TAVLanguageTextField::endEditing()
+{
     emit textShouldEndEditing();
     if (m_ohDelegate)
         m_ohDelegate->languageTextFieldDidLoseFocus(this);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "views/editor/LanguageFocus.h"
+
 #include <QLineEdit>
 
 class TAVLanguageTextField;
@@ -15,8 +17,8 @@ public:
 
 /**
  * A text field whose owner can switch the keyboard with the focus. Another program's window coming to the
- * front, or a menu, does not take the focus in this sense. Line ends that are pasted or dropped become
- * blanks.
+ * front, or a menu, does not take the focus in this sense; hiding the field does. Line ends that are pasted
+ * or dropped become blanks.
  */
 class TAVLanguageTextField : public QLineEdit
 {
@@ -35,7 +37,11 @@ signals:
 protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
+    void endEditing();
+
+    LanguageFocus m_focus;
     OHLanguageTextFieldDelegate *m_ohDelegate = nullptr;
 };

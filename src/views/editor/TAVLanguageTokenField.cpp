@@ -1,7 +1,5 @@
 #include "views/editor/TAVLanguageTokenField.h"
 
-#include "views/editor/LanguageFocus.h"
-
 #include <QLineEdit>
 
 TAVLanguageTokenField::TAVLanguageTokenField(QWidget *parent)
@@ -13,16 +11,15 @@ TAVLanguageTokenField::TAVLanguageTokenField(QWidget *parent)
 bool TAVLanguageTokenField::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isHandled = TokenField::eventFilter(watched, event);
-    const bool comes = event->type() == QEvent::FocusIn;
-    if (watched != input() || (!comes && event->type() != QEvent::FocusOut) ||
-        !movesBetweenFields(*static_cast<QFocusEvent *>(event)))
+    if (watched != input())
         return isHandled;
-    if (!comes)
-        emit textShouldEndEditing();
-    if (m_ohDelegate) {
-        if (comes)
+    if (event->type() == QEvent::FocusIn && m_focus.begins(*static_cast<QFocusEvent *>(event))) {
+        if (m_ohDelegate)
             m_ohDelegate->languageTokenFieldDidBecomeActive(this);
-        else
+    } else if ((event->type() == QEvent::FocusOut && m_focus.ends(*static_cast<QFocusEvent *>(event))) ||
+               (event->type() == QEvent::Hide && m_focus.endsByHiding(*event))) {
+        emit textShouldEndEditing();
+        if (m_ohDelegate)
             m_ohDelegate->languageTokenFieldDidLoseFocus(this);
     }
     return isHandled;

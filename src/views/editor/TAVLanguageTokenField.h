@@ -1,5 +1,6 @@
 #pragma once
 
+#include "views/editor/LanguageFocus.h"
 #include "widgets/TokenField.h"
 
 class TAVLanguageTokenField;
@@ -32,5 +33,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    LanguageFocus m_focus;
     OHLanguageTokenFieldDelegate *m_ohDelegate = nullptr;
 };
