@@ -26,6 +26,12 @@ char *appendUtf8(char *out, char32_t character)
     return out;
 }
 
+/** Half a pair is no character. */
+char32_t withoutSurrogate(char16_t unit)
+{
+    return QChar::isSurrogate(unit) ? char32_t(QChar::ReplacementCharacter) : unit;
+}
+
 } // namespace
 
 QJsonObject MapSink::mapOf(const Record &write)
@@ -77,7 +83,8 @@ QByteArray JsonTextSink::textOf(const Record &write)
 {
     JsonTextSink sink;
     sink.appendRecord(write);
-    return sink.m_text;
+    sink.m_buffer.truncate(sink.m_length);
+    return sink.m_buffer;
 }
 
 void JsonTextSink::text(QLatin1StringView key, const QString &value)
@@ -89,34 +96,34 @@ void JsonTextSink::text(QLatin1StringView key, const QString &value)
 void JsonTextSink::texts(QLatin1StringView key, const platform::TextSet &values)
 {
     appendKey(key);
-    m_text += '[';
+    append("[");
     bool isFirst = true;
     for (const QString &value : values) {
         if (!isFirst)
-            m_text += ',';
+            append(",");
         isFirst = false;
         appendText(value);
     }
-    m_text += ']';
+    append("]");
 }
 
 void JsonTextSink::integer(QLatin1StringView key, qint64 value)
 {
     appendKey(key);
     char digits[20];
-    m_text.append(digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr - digits);
+    append({digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr});
 }
 
 void JsonTextSink::real(QLatin1StringView key, double value)
 {
     appendKey(key);
-    m_text += QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
+    append(QByteArray::number(value, 'g', QLocale::FloatingPointShortest));
 }
 
 void JsonTextSink::flag(QLatin1StringView key, bool value)
 {
     appendKey(key);
-    m_text += value ? "true" : "false";
+    append(value ? QByteArrayView("true") : QByteArrayView("false"));
 }
 
 void JsonTextSink::record(QLatin1StringView key, const Record &write)
@@ -128,61 +135,69 @@ void JsonTextSink::record(QLatin1StringView key, const Record &write)
 void JsonTextSink::records(QLatin1StringView key, qsizetype count, const NumberedRecord &write)
 {
     appendKey(key);
-    m_text += '[';
+    append("[");
     for (qsizetype i = 0; i < count; ++i) {
         if (i > 0)
-            m_text += ',';
+            append(",");
         appendRecord([&write, i](FieldSink &sink) { write(sink, i); });
     }
-    m_text += ']';
+    append("]");
 }
 
 void JsonTextSink::appendRecord(const Record &write)
 {
-    m_text += '{';
+    append("{");
     m_isFirst = true;
     write(*this);
-    m_text += '}';
+    append("}");
     m_isFirst = false;
 }
 
 void JsonTextSink::appendKey(QLatin1StringView key)
 {
-    m_text += m_isFirst ? "\"" : ",\"";
+    append(m_isFirst ? QByteArrayView("\"") : QByteArrayView(",\""));
     m_isFirst = false;
-    m_text.append(key.data(), key.size());
-    m_text += "\":";
+    append({key.data(), key.size()});
+    append("\":");
+}
+
+void JsonTextSink::append(QByteArrayView bytes)
+{
+    std::copy(bytes.begin(), bytes.end(), room(bytes.size()));
+    m_length += bytes.size();
+}
+
+char *JsonTextSink::room(qsizetype size)
+{
+    if (m_buffer.size() - m_length < size)
+        m_buffer.resize(2 * m_buffer.size() + size);
+    return m_buffer.data() + m_length;
 }
 
 void JsonTextSink::appendText(QStringView text)
 {
-    // Room for the longest form of each character, which is an escape by number.
+    // The longest form of a character is an escape by number.
     constexpr qsizetype longestEscape = 6;
-    const qsizetype start = m_text.size();
-    m_text.resize(start + text.size() * longestEscape + 2);
-    char *out = m_text.data() + start;
+    char *const start = room(text.size() * longestEscape + 2);
+    char *out = start;
     *out++ = '"';
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        char32_t character = text[i].unicode();
-        if (QChar::isSurrogate(character)) {
+    const char16_t *const end = text.utf16() + text.size();
+    for (const char16_t *unit = text.utf16(); unit < end; ++unit) {
+        if (*unit >= 0x80) {
             const bool isPair =
-                QChar::isHighSurrogate(character) && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-            character =
-                isPair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : char32_t(QChar::ReplacementCharacter);
-            i += isPair ? 1 : 0;
-        }
-        if (character >= 0x80) {
-            out = appendUtf8(out, character);
-        } else if (character < 0x20) {
-            out = std::copy_n(
-                QByteArray("\\u00" + QByteArray::number(character, 16).rightJustified(2, '0')).data(),
-                longestEscape, out);
+                QChar::isHighSurrogate(*unit) && unit + 1 < end && QChar::isLowSurrogate(unit[1]);
+            out =
+                appendUtf8(out, isPair ? QChar::surrogateToUcs4(unit[0], unit[1]) : withoutSurrogate(*unit));
+            unit += isPair ? 1 : 0;
+        } else if (*unit < 0x20) {
+            const QByteArray number = QByteArray::number(*unit, 16).rightJustified(4, '0');
+            out = std::copy(number.begin(), number.end(), std::copy_n("\\u", 2, out));
         } else {
-            if (character == u'"' || character == u'\\')
+            if (*unit == u'"' || *unit == u'\\')
                 *out++ = '\\';
-            *out++ = char(character);
+            *out++ = char(*unit);
         }
     }
     *out++ = '"';
-    m_text.truncate(out - m_text.data());
+    m_length += out - start;
 }

@@ -73,6 +73,12 @@ private:
     void appendText(QStringView text);
     void appendRecord(const Record &write);
 
-    QByteArray m_text;
+    void append(QByteArrayView bytes);
+    /** Where so many bytes may be written next; m_length tells how many were. */
+    char *room(qsizetype size);
+
+    /** Larger than what stands in it, as growing it for each piece would take longer than filling it. */
+    QByteArray m_buffer;
+    qsizetype m_length = 0;
     bool m_isFirst = true;
 };
