@@ -11,10 +11,12 @@ Program::Program(AppDelegate &delegate)
     , m_quizView(new QuizView)
     , m_typingQuiz(m_quizView)
     , m_flashCardQuiz(m_quizView)
+    , m_popupQuiz(m_quizView, &m_mainWindowController, [this] { m_quizSetup.showQuiz(); })
     , m_quizSetup(m_quizView, m_mainWindowController.vocabularyController())
 {
     m_quizSetup.setQuizController(&m_typingQuiz);
     m_quizSetup.setLearnController(&m_flashCardQuiz);
+    m_quizSetup.setPopupQuizController(&m_popupQuiz);
     m_mainWindowController.setQuizSetupController(&m_quizSetup);
     m_mainWindowController.mainWindow()->installEventFilter(this);
     m_delegate.setMainWindowController(this);

@@ -4,6 +4,7 @@
 
 #include "quiz/forms/QuizView.h"
 #include "quiz/forms/TAVFlashCardQuizController.h"
+#include "quiz/forms/TAVPopupQuizController.h"
 #include "quiz/forms/TAVQuizSetupController.h"
 #include "quiz/forms/TAVTypingQuizController.h"
 #include "views/TAVMainWindowController.h"
@@ -32,6 +33,7 @@ public:
     TAVMainWindowController &mainWindowController() { return m_mainWindowController; }
     TAVTypingQuizController &typingQuiz() { return m_typingQuiz; }
     TAVFlashCardQuizController &flashCardQuiz() { return m_flashCardQuiz; }
+    TAVPopupQuizController &popupQuiz() { return m_popupQuiz; }
     TAVQuizSetupController &quizSetup() { return m_quizSetup; }
 
 protected:
@@ -46,5 +48,6 @@ private:
     QPointer<QuizView> m_quizView;
     TAVTypingQuizController m_typingQuiz;
     TAVFlashCardQuizController m_flashCardQuiz;
+    TAVPopupQuizController m_popupQuiz;
     TAVQuizSetupController m_quizSetup;
 };

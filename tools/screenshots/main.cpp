@@ -132,6 +132,33 @@ void shootFlashCards(Stage &stage)
     stage.shoot(QStringLiteral("cards-result"));
 }
 
+void shootPopupQuiz(Stage &stage)
+{
+    stage.hub().showQuiz();
+    stage.pass(1);
+    stage.control<SegmentControl>("quizModeSegmentControl")->setSelectedSegment(2);
+    stage.control<QPushButton>("quizStartQuizButton")->click();
+    stage.pass(1.5);
+    auto &quiz = stage.program().popupQuiz();
+    quiz.quizWindow()->move(stage.window()->mapToGlobal(QPoint(60, 200)));
+    stage.shoot(QStringLiteral("popup-question"));
+    const auto answer = [&](const QString &text) {
+        quiz.quizWindow()->findChild<QLineEdit *>(QStringLiteral("answerTextField"))->setText(text);
+        quiz.checkWord();
+        stage.pass(1);
+    };
+    answer(quiz.currentWord()->foreignWord());
+    stage.shoot(QStringLiteral("popup-correct"));
+    quiz.next();
+    stage.shoot(QStringLiteral("popup-waiting"));
+    quiz.showQuiz();
+    answer(QStringLiteral("something else"));
+    stage.shoot(QStringLiteral("popup-wrong"));
+    quiz.stopQuiz();
+    stage.shoot(QStringLiteral("popup-result"));
+    quiz.close();
+}
+
 void shootAnnouncement(Stage &stage)
 {
     const qint64 now = platform::secondsSince1970(stage.services().clock);
@@ -169,6 +196,7 @@ void shootAll(const QString &folder, const QString &vocabularyFile, const QSize 
     shootVocabularyView(stage);
     shootTypingQuiz(stage);
     shootFlashCards(stage);
+    shootPopupQuiz(stage);
     shootAnnouncement(stage);
 }
 

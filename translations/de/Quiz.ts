@@ -179,6 +179,38 @@
         </translation>
     </message>
     <message>
+        <source>popupCheck</source>
+        <translation>Prüfen</translation>
+    </message>
+    <message>
+        <source>popupClose</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>popupEndQuiz</source>
+        <translation>Quiz beenden</translation>
+    </message>
+    <message>
+        <source>popupInProgress</source>
+        <translation>Das Popup-Quiz läuft</translation>
+    </message>
+    <message>
+        <source>popupIntervalLabel</source>
+        <translation>Frage alle</translation>
+    </message>
+    <message>
+        <source>popupIntro</source>
+        <translation>Ab und zu fragt dich ein kleines Fenster nach einem Wort, vor allem, womit du gerade arbeitest. Bis du das Quiz beendest, bleibt dieses Fenster gesperrt.</translation>
+    </message>
+    <message>
+        <source>popupMinutes</source>
+        <translation>Minuten</translation>
+    </message>
+    <message>
+        <source>popupNext</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
         <source>popupQuiz</source>
         <translation>Popup-Quiz</translation>
     </message>

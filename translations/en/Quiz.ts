@@ -179,6 +179,38 @@
         </translation>
     </message>
     <message>
+        <source>popupCheck</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>popupClose</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>popupEndQuiz</source>
+        <translation>End quiz</translation>
+    </message>
+    <message>
+        <source>popupInProgress</source>
+        <translation>The popup quiz is running</translation>
+    </message>
+    <message>
+        <source>popupIntervalLabel</source>
+        <translation>Ask every</translation>
+    </message>
+    <message>
+        <source>popupIntro</source>
+        <translation>A small panel asks you a word now and then, in front of whatever you work with. Until you end the quiz, this window stays locked.</translation>
+    </message>
+    <message>
+        <source>popupMinutes</source>
+        <translation>minutes</translation>
+    </message>
+    <message>
+        <source>popupNext</source>
+        <translation>Go on</translation>
+    </message>
+    <message>
         <source>popupQuiz</source>
         <translation>Popup quiz</translation>
     </message>
