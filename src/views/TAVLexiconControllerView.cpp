@@ -325,11 +325,11 @@ void TAVLexiconController::rememberTableLayout()
 
 bool TAVLexiconController::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_ui->vocabularyTable->viewport() && event->type() == QEvent::Resize)
+    // The kind of event comes first: others arrive while the table is being destroyed.
+    if (event->type() == QEvent::Resize && watched == m_ui->vocabularyTable->viewport())
         placeHelpPages();
     // A panel beside a row must not stand over another page.
-    if (watched == m_view && event->type() == QEvent::Hide &&
-        !static_cast<QHideEvent *>(event)->spontaneous())
+    if (event->type() == QEvent::Hide && watched == m_view && !event->spontaneous())
         hideWordEditor();
     return QObject::eventFilter(watched, event);
 }

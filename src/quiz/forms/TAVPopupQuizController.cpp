@@ -64,6 +64,10 @@ TAVPopupQuizController::TAVPopupQuizController(QuizView *view, QuizHub *hub, std
         CardStyle::setTextColor(label, CardText::fadedTextColor());
     CardStyle::enlarge(m_running->popupInProgress, 1.6);
     CardStyle::enlarge(m_ui->statisticsIntro, 1.2);
+    CardStyle::enlarge(m_ui->answerMark, 1.6);
+    CardStyle::setDot(m_ui->correctDot, TAVPieChart::correctColor());
+    CardStyle::setDot(m_ui->misspelledDot, TAVPieChart::misspelledColor());
+    CardStyle::setDot(m_ui->wrongDot, TAVPieChart::wrongColor());
     CardStyle::setPicture(m_ui->deletedImageView, QStringLiteral("deleted"), LevelPicture::arrowSize);
     CardStyle::keepPlaceWhenHidden(m_ui->deletedImageView);
     m_ui->answerTextField->setMaxLength(longestAnswer);
