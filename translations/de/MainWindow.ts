@@ -41,12 +41,20 @@ Wörter, die bleiben.</translation>
         <translation>Doppelte Wörter entfernen …</translation>
     </message>
     <message>
+        <source>dismissInfo</source>
+        <translation>Nicht mehr zeigen</translation>
+    </message>
+    <message>
         <source>edit</source>
         <translation>Bearbeiten</translation>
     </message>
     <message>
         <source>export</source>
         <translation>Exportieren …</translation>
+    </message>
+    <message>
+        <source>feedbackPrompt</source>
+        <translation>Schreib uns, was dir fehlt. Wir lesen jede Mail.</translation>
     </message>
     <message>
         <source>file</source>
@@ -101,12 +109,16 @@ Wörter, die bleiben.</translation>
         <translation>Tavimo ausblenden</translation>
     </message>
     <message>
-        <source>impossibleLanguageName</source>
-        <translation>Dieser Name geht leider nicht: bitte ohne Schrägstrich und nicht ganz so lang.</translation>
+        <source>howDoYouLikeIt</source>
+        <translation>Wie gefällt dir Tavimo?</translation>
     </message>
     <message>
         <source>import</source>
         <translation>Importieren …</translation>
+    </message>
+    <message>
+        <source>impossibleLanguageName</source>
+        <translation>Dieser Name geht leider nicht: bitte ohne Schrägstrich und nicht ganz so lang.</translation>
     </message>
     <message>
         <source>language</source>
@@ -123,6 +135,10 @@ Wörter, die bleiben.</translation>
     <message>
         <source>linkDropboxButton</source>
         <translation>Dropbox verbinden</translation>
+    </message>
+    <message>
+        <source>loveit</source>
+        <translation>Ich mag es</translation>
     </message>
     <message>
         <source>Manage Languages...</source>
@@ -163,6 +179,14 @@ Wörter, die bleiben.</translation>
     <message>
         <source>quiz</source>
         <translation>Quiz</translation>
+    </message>
+    <message>
+        <source>rateit</source>
+        <translation>Tavimo bewerten</translation>
+    </message>
+    <message>
+        <source>ratePrompt</source>
+        <translation>Das freut uns! Eine Bewertung hilft anderen, Tavimo zu finden.</translation>
     </message>
     <message>
         <source>search</source>
@@ -209,6 +233,10 @@ Wörter, die bleiben.</translation>
         <translation>Widerrufen</translation>
     </message>
     <message>
+        <source>unhappy</source>
+        <translation>Nicht so sehr</translation>
+    </message>
+    <message>
         <source>view</source>
         <translation>Darstellung</translation>
     </message>
@@ -227,6 +255,10 @@ Wörter, die bleiben.</translation>
     <message>
         <source>window</source>
         <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>writeMail</source>
+        <translation>Mail schreiben</translation>
     </message>
     <message>
         <source>zoom</source>

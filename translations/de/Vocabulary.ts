@@ -8,8 +8,20 @@
         <translation>%1 unbekannte Wörter, %2 insgesamt</translation>
     </message>
     <message>
-        <source>OK</source>
-        <translation>OK</translation>
+        <source>&lt;Various Values&gt;</source>
+        <translation>‹Verschiedene Werte›</translation>
+    </message>
+    <message>
+        <source>add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>addDuplicateMsg</source>
+        <translation>Dasselbe Wortpaar steht in deinem Vokabular und wurde nicht noch einmal hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>addDuplicateTitle</source>
+        <translation>Dieses Wort hast du schon</translation>
     </message>
     <message>
         <source>addWordButtonTitle</source>
@@ -40,8 +52,16 @@
         <translation>Abbrechen</translation>
     </message>
     <message>
+        <source>comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
         <source>commentTableColumnTitle</source>
         <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>delete</source>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>deleteDuplicates</source>
@@ -58,6 +78,10 @@
     <message>
         <source>displaySynonymsInfo</source>
         <translation>Wörter, die sich eine Bedeutung oder Schreibweise mit einem anderen teilen.</translation>
+    </message>
+    <message>
+        <source>dontAskAgain</source>
+        <translation>Nicht mehr fragen</translation>
     </message>
     <message numerus="yes">
         <source>duplicatesDeleted</source>
@@ -119,12 +143,32 @@
         <translation>Keine unbekannten Wörter hier. Zeit für neue!</translation>
     </message>
     <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>quizSelectedWords</source>
+        <translation>Ausgewählte Wörter abfragen</translation>
+    </message>
+    <message>
+        <source>reallyDelete</source>
+        <translation>Ausgewählte Wörter löschen?</translation>
+    </message>
+    <message>
         <source>reallyDeleteDuplicates</source>
         <translation>Doppelte Wörter entfernen?</translation>
     </message>
     <message>
         <source>reallyDeleteDuplicatesMsg</source>
         <translation>Von Wörtern mit denselben beiden Texten bleibt das, das du am besten kannst.</translation>
+    </message>
+    <message>
+        <source>reallyDeleteMsg</source>
+        <translation>Was du davon gelernt hast, geht mit verloren.</translation>
     </message>
     <message>
         <source>searchPlaceholder</source>
@@ -138,16 +182,20 @@
         <source>selectAllTagsButtonTitle</source>
         <translation>Alle</translation>
     </message>
-    <message>
-        <source>selectNoneTagsButtonTitle</source>
-        <translation>Keine</translation>
-    </message>
     <message numerus="yes">
         <source>selectedStatus</source>
         <translation>
             <numerusform>eines ausgewählt</numerusform>
             <numerusform>%n ausgewählt</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>selectNoneTagsButtonTitle</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>separateWithComma</source>
+        <translation>Mit Komma trennen</translation>
     </message>
     <message>
         <source>shortHeadding</source>
@@ -182,6 +230,18 @@
         <translation>Zwischen Wortzahl und Abgleich wechseln</translation>
     </message>
     <message>
+        <source>tooManyWordsMsg</source>
+        <translation>Jeder Teil des einen Textes wird mit jedem Teil des anderen gepaart. Bitte gib weniger Teile auf einmal ein.</translation>
+    </message>
+    <message>
+        <source>tooManyWordsTitle</source>
+        <translation>Das ergibt zu viele Wörter</translation>
+    </message>
+    <message>
+        <source>topicTags</source>
+        <translation>Schlagwörter</translation>
+    </message>
+    <message>
         <source>ultraShortHeadding</source>
         <translation>Ultrakurzzeit</translation>
     </message>
@@ -202,12 +262,24 @@
         <translation>Das sind viele unbekannte Wörter. Lern erst ein paar davon, bevor neue dazukommen.</translation>
     </message>
     <message>
-        <source>wordTable</source>
-        <translation>Wörter</translation>
+        <source>Various Values</source>
+        <translation>‹Verschiedene Schlagwörter›</translation>
+    </message>
+    <message>
+        <source>wordPopOverAddMore</source>
+        <translation>Hinzufügen und weiter</translation>
+    </message>
+    <message>
+        <source>wordPopOverEdit</source>
+        <translation>Sichern</translation>
     </message>
     <message>
         <source>wordsStatus</source>
         <translation>%1 von %2 Wörtern</translation>
+    </message>
+    <message>
+        <source>wordTable</source>
+        <translation>Wörter</translation>
     </message>
 </context>
 </TS>

@@ -41,12 +41,20 @@ Words that stay.</translation>
         <translation>Remove duplicate words…</translation>
     </message>
     <message>
+        <source>dismissInfo</source>
+        <translation>Don't show this again</translation>
+    </message>
+    <message>
         <source>edit</source>
         <translation>Edit</translation>
     </message>
     <message>
         <source>export</source>
         <translation>Export…</translation>
+    </message>
+    <message>
+        <source>feedbackPrompt</source>
+        <translation>Tell us what you miss. We read every mail.</translation>
     </message>
     <message>
         <source>file</source>
@@ -101,12 +109,16 @@ Words that stay.</translation>
         <translation>Hide Tavimo</translation>
     </message>
     <message>
-        <source>impossibleLanguageName</source>
-        <translation>This name can’t be used: please no slashes, and not quite so long.</translation>
+        <source>howDoYouLikeIt</source>
+        <translation>How do you like Tavimo?</translation>
     </message>
     <message>
         <source>import</source>
         <translation>Import…</translation>
+    </message>
+    <message>
+        <source>impossibleLanguageName</source>
+        <translation>This name can’t be used: please no slashes, and not quite so long.</translation>
     </message>
     <message>
         <source>language</source>
@@ -123,6 +135,10 @@ Words that stay.</translation>
     <message>
         <source>linkDropboxButton</source>
         <translation>Link Dropbox</translation>
+    </message>
+    <message>
+        <source>loveit</source>
+        <translation>I love it</translation>
     </message>
     <message>
         <source>Manage Languages...</source>
@@ -163,6 +179,14 @@ Words that stay.</translation>
     <message>
         <source>quiz</source>
         <translation>Quiz</translation>
+    </message>
+    <message>
+        <source>rateit</source>
+        <translation>Rate Tavimo</translation>
+    </message>
+    <message>
+        <source>ratePrompt</source>
+        <translation>Good to hear! A rating helps others to find Tavimo.</translation>
     </message>
     <message>
         <source>search</source>
@@ -209,6 +233,10 @@ Words that stay.</translation>
         <translation>Undo</translation>
     </message>
     <message>
+        <source>unhappy</source>
+        <translation>Not so much</translation>
+    </message>
+    <message>
         <source>view</source>
         <translation>View</translation>
     </message>
@@ -227,6 +255,10 @@ Words that stay.</translation>
     <message>
         <source>window</source>
         <translation>Window</translation>
+    </message>
+    <message>
+        <source>writeMail</source>
+        <translation>Write a mail</translation>
     </message>
     <message>
         <source>zoom</source>

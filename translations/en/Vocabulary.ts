@@ -8,8 +8,20 @@
         <translation>%1 unknown words, %2 words in all</translation>
     </message>
     <message>
-        <source>OK</source>
-        <translation>OK</translation>
+        <source>&lt;Various Values&gt;</source>
+        <translation>‹Various values›</translation>
+    </message>
+    <message>
+        <source>add</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>addDuplicateMsg</source>
+        <translation>The same pair of words stands in your vocabulary, so it was not added again.</translation>
+    </message>
+    <message>
+        <source>addDuplicateTitle</source>
+        <translation>You have this word already</translation>
     </message>
     <message>
         <source>addWordButtonTitle</source>
@@ -40,8 +52,16 @@
         <translation>Cancel</translation>
     </message>
     <message>
+        <source>comment</source>
+        <translation>Comment</translation>
+    </message>
+    <message>
         <source>commentTableColumnTitle</source>
         <translation>Comment</translation>
+    </message>
+    <message>
+        <source>delete</source>
+        <translation>Delete</translation>
     </message>
     <message>
         <source>deleteDuplicates</source>
@@ -58,6 +78,10 @@
     <message>
         <source>displaySynonymsInfo</source>
         <translation>Words that share a meaning or a spelling with another word.</translation>
+    </message>
+    <message>
+        <source>dontAskAgain</source>
+        <translation>Don't ask again</translation>
     </message>
     <message numerus="yes">
         <source>duplicatesDeleted</source>
@@ -119,12 +143,32 @@
         <translation>No unknown words here. Time for some new ones!</translation>
     </message>
     <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>quizSelectedWords</source>
+        <translation>Quiz the selected words</translation>
+    </message>
+    <message>
+        <source>reallyDelete</source>
+        <translation>Delete the selected words?</translation>
+    </message>
+    <message>
         <source>reallyDeleteDuplicates</source>
         <translation>Remove duplicate words?</translation>
     </message>
     <message>
         <source>reallyDeleteDuplicatesMsg</source>
         <translation>Of words with the same two texts the one that you know best stays.</translation>
+    </message>
+    <message>
+        <source>reallyDeleteMsg</source>
+        <translation>What you have learned of them goes with them.</translation>
     </message>
     <message>
         <source>searchPlaceholder</source>
@@ -138,16 +182,20 @@
         <source>selectAllTagsButtonTitle</source>
         <translation>All</translation>
     </message>
-    <message>
-        <source>selectNoneTagsButtonTitle</source>
-        <translation>None</translation>
-    </message>
     <message numerus="yes">
         <source>selectedStatus</source>
         <translation>
             <numerusform>one selected</numerusform>
             <numerusform>%n selected</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>selectNoneTagsButtonTitle</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>separateWithComma</source>
+        <translation>Separate with commas</translation>
     </message>
     <message>
         <source>shortHeadding</source>
@@ -182,6 +230,18 @@
         <translation>Switch between word count and sync status</translation>
     </message>
     <message>
+        <source>tooManyWordsMsg</source>
+        <translation>Each part of one text is paired with each part of the other. Please enter fewer parts at once.</translation>
+    </message>
+    <message>
+        <source>tooManyWordsTitle</source>
+        <translation>That makes too many words</translation>
+    </message>
+    <message>
+        <source>topicTags</source>
+        <translation>Tags</translation>
+    </message>
+    <message>
         <source>ultraShortHeadding</source>
         <translation>Ultra short term</translation>
     </message>
@@ -202,12 +262,24 @@
         <translation>That’s a lot of unknown words. Learn some of them before you add more.</translation>
     </message>
     <message>
-        <source>wordTable</source>
-        <translation>Words</translation>
+        <source>Various Values</source>
+        <translation>‹Various tags›</translation>
+    </message>
+    <message>
+        <source>wordPopOverAddMore</source>
+        <translation>Add and next</translation>
+    </message>
+    <message>
+        <source>wordPopOverEdit</source>
+        <translation>Save</translation>
     </message>
     <message>
         <source>wordsStatus</source>
         <translation>%1 of %2 words</translation>
+    </message>
+    <message>
+        <source>wordTable</source>
+        <translation>Words</translation>
     </message>
 </context>
 </TS>
