@@ -164,6 +164,10 @@ private:
     /** The words of the present vocabulary that stand for those of the one before. */
     TAVWordList successorsOf(const TAVWordList &words) const;
     bool adoptReplacedVocabulary();
+    /** True if another row was chosen while a new word was being typed; that word is gone then. */
+    bool giveUpNewWord();
+    /** Selects the only one of the words, if it is shown. */
+    void chooseAgain(const TAVWordList &words);
     TAVWordList calculateWordsToShow() const;
     void sortByOtherColumn(int column);
     void setSortIndicator();
@@ -188,6 +192,8 @@ private:
     bool m_sortDescending = false;
     int m_lastColumn = WordTableModel::YourWord;
     TAVWordRef m_selectedWord;
+    /** The empty word for which the editor was last opened. */
+    std::weak_ptr<TAVWord> m_newWord;
     MemoryLevelButton *m_selectedButton = nullptr;
     platform::InputSourceRef m_textInputSourceBackup;
     TAVSyncLog *m_syncLog = nullptr;

@@ -41,7 +41,7 @@ void TAVLexiconController::tableViewSelectionDidChange()
         updateStatusText();
         return;
     }
-    if (adoptReplacedVocabulary())
+    if (adoptReplacedVocabulary() || giveUpNewWord())
         return;
     m_selectedWord = m_model->wordAtRow(rows.first());
     updateStatusText();
@@ -85,10 +85,33 @@ bool TAVLexiconController::adoptReplacedVocabulary()
         return false;
     const TAVWordList chosen = getSelectedWordsArray();
     updateEntireView();
-    const qsizetype index = chosen.size() == 1 ? currentWordsToShow().indexOf(chosen.first()) : -1;
+    chooseAgain(chosen);
+    return true;
+}
+
+bool TAVLexiconController::giveUpNewWord()
+{
+    const TAVWordRef newWord = m_newWord.lock();
+    if (!newWord || !m_wordEditor->isInAddingMode())
+        return false;
+    TAVWordList chosen = getSelectedWordsArray();
+    if (chosen == m_wordEditor->selectedWords())
+        return false;
+    // Otherwise the editor would take the chosen word for the new one, and remove it when it is cancelled.
+    m_wordEditor->setIsInAddingMode(false);
+    hideWordEditor();
+    m_vocabulary->removeWord(newWord);
+    updateEntireView();
+    chosen.removeAll(newWord);
+    chooseAgain(chosen);
+    return true;
+}
+
+void TAVLexiconController::chooseAgain(const TAVWordList &words)
+{
+    const qsizetype index = words.size() == 1 ? currentWordsToShow().indexOf(words.first()) : -1;
     if (index >= 0)
         m_ui->vocabularyTable->selectOnlyRow(int(calculateWordIndexForRow(index)));
-    return true;
 }
 
 void TAVLexiconController::closeAddWordPopover()
@@ -117,8 +140,11 @@ void TAVLexiconController::showAddWordPanel()
     }
     const qsizetype index = currentWordsToShow().indexOf(word);
     m_wordEditor->setIsInAddingMode(true);
+    // The selection that follows is not yet the user's.
+    m_newWord.reset();
     // The place in the list is the row, also while the table shows the list from its end.
     m_ui->vocabularyTable->selectOnlyRow(int(index));
+    m_newWord = word;
 }
 
 void TAVLexiconController::wordPopoverDidAddWords(const TAVWordList &words, bool shallAddMore)

@@ -171,6 +171,29 @@ TEST_F(ViewsTest, AddingSelectsTheRowOfThePlaceInTheList)
     EXPECT_EQ(words()->selectedWord()->yourWord(), QStringLiteral("dog")) << "the mirrored row, as ever";
 }
 
+TEST_F(ViewsTest, ChoosingAnotherRowGivesUpTheNewWordAndNoOther)
+{
+    const TAVLexiconRef italian = makeItalian();
+    addWord(italian, "ant", "formica");
+    startWith(italian);
+    for (const char *order : {"ascending", "descending"}) {
+        SCOPED_TRACE(order);
+        words()->showAddWordPanel();
+        ASSERT_TRUE(words()->wordEditor()->isInAddingMode());
+        const char *other = words()->selectedWord()->yourWord() == QLatin1String("dog") ? "ant" : "dog";
+        table()->selectOnlyRow(rowOf(other));
+        EXPECT_FALSE(words()->wordEditor()->isInAddingMode());
+        EXPECT_TRUE(words()->wordEditor()->isPanelVisible());
+        EXPECT_EQ(words()->selectedWord()->yourWord(), QLatin1String(other));
+        EXPECT_EQ(table()->selectedRowList(), QList<int>{rowOf(other)});
+        words()->deselectWords();
+        QStringList left = shownWords();
+        left.sort();
+        EXPECT_EQ(left, QStringList({QStringLiteral("ant"), QStringLiteral("dog")}));
+        words()->didClickTableColumn(Column::YourWord);
+    }
+}
+
 TEST_F(ViewsTest, DeletedWordsComeBackWithAllTheirFields)
 {
     const TAVLexiconRef latin = makeLanguage("Latin");
