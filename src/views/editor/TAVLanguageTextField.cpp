@@ -1,5 +1,7 @@
 #include "views/editor/TAVLanguageTextField.h"
 
+#include <limits>
+
 namespace {
 
 bool breaksLine(QChar character)
@@ -13,6 +15,8 @@ bool breaksLine(QChar character)
 TAVLanguageTextField::TAVLanguageTextField(QWidget *parent)
     : QLineEdit(parent)
 {
+    // A longer text of a file would come back cut when its word is saved.
+    setMaxLength(std::numeric_limits<int>::max());
     connect(this, &QLineEdit::textEdited, this, [this](const QString &typed) {
         QString clean = typed;
         clean.remove(QChar(u'\0'));
