@@ -149,6 +149,13 @@ void ArrowPopup::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
 }
 
+void ArrowPopup::closeEvent(QCloseEvent *event)
+{
+    // The window manager's way of closing is no other way than Escape.
+    emit escapePressed();
+    QWidget::closeEvent(event);
+}
+
 void ArrowPopup::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);

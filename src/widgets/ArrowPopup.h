@@ -21,11 +21,13 @@ public:
     void showBeside(QWidget *widget, const QRect &rectangle);
 
 signals:
+    /** By its key, or as the window manager closes the popup. */
     void escapePressed();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
