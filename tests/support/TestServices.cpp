@@ -97,6 +97,8 @@ void TestSettings::registerDefaults(const QVariantMap &defaults)
 int TestAlerts::show(const platform::Alert &alert)
 {
     shown.append(alert);
+    if (const auto happens = std::exchange(whileShown, {}))
+        happens();
     if (m_answers.empty())
         return 0;
     const int answer = m_answers.front();

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -81,6 +82,8 @@ public:
     int show(const platform::Alert &alert) override;
     void answerNext(int button) { m_answers.push_back(button); }
     QList<platform::Alert> shown;
+    /** What happens behind an alert while it stands; runs once. */
+    std::function<void()> whileShown;
 
 private:
     std::deque<int> m_answers;

@@ -235,7 +235,7 @@ void TAVWordPopoverController::closeWordPanel(QObject *sender)
                                platform::localized("Vocabulary", "Various Values"));
     else if (!writeOneWord())
         return;
-    if (!saveOrStay())
+    if (!m_vocabulary || !saveOrStay())
         return;
     const bool wasAdding = m_isInAddingMode;
     end();
@@ -265,6 +265,9 @@ bool TAVWordPopoverController::writeOneWord()
         platform::services().alerts->show({platform::localized("Vocabulary", "addDuplicateTitle"),
                                            platform::localized("Vocabulary", "addDuplicateMsg"),
                                            {platform::localized("Vocabulary", "ok")}});
+        // A sync may have replaced the vocabulary meanwhile, and the empty word was taken along.
+        if (m_vocabulary)
+            m_vocabulary->removeWord(word);
     } else {
         WordEdits::applyToWord(*word, typed);
     }
@@ -280,7 +283,7 @@ void TAVWordPopoverController::deleteWord()
             {platform::localized("Vocabulary", "reallyDelete"),
              platform::localized("Vocabulary", "reallyDeleteMsg"),
              {platform::localized("Vocabulary", "cancel"), platform::localized("Vocabulary", "delete")}});
-        if (choice != 1)
+        if (choice != 1 || !m_vocabulary)
             return;
     }
     m_vocabulary->removeWords(m_selectedWords);

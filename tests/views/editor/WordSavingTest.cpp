@@ -76,6 +76,35 @@ TEST_F(WordSavingTest, EditIntoAnEqualPairIsAllowedAddingOneIsNot)
     EXPECT_TRUE(water->comment().isEmpty());
 }
 
+TEST_F(WordSavingTest, VocabularyReplacedUnderAnAlertKeepsNoEmptyWord)
+{
+    const TAVWordRef placeholder = add();
+    const TAVLexiconRef other = makeVocabulary({makeWord({u"x"_s, u"y"_s})});
+    other->setYourLanguageName(u"English"_s);
+    other->setForeignLanguageName(u"Italian"_s);
+    services.alerts.whileShown = [&] { editor->updateVocabulary(other); };
+    click("okButton");
+    EXPECT_EQ(pairsOf(*other), u"x-y"_s);
+    EXPECT_EQ(savedPairs(), u"x-y"_s);
+
+    edit({dog, house});
+    services.alerts.whileShown = [&] { editor->updateVocabulary(nullptr); };
+    services.alerts.answerNext(1);
+    takeMessages();
+    click("deleteButton");
+    EXPECT_TRUE(takeMessages().isEmpty()) << "there is nothing left to delete from";
+}
+
+TEST_F(WordSavingTest, TextsOfAnyLengthComeBackWhole)
+{
+    const QString text = QString(u"long "_s).repeated(10'000) + u"end"_s;
+    dog->setComment(text);
+    edit({dog});
+    tags()->setTokens({u"t"_s});
+    click("okButton");
+    EXPECT_EQ(dog->comment(), text);
+}
+
 TEST_F(WordSavingTest, AddsOneAndGoesOnOrStops)
 {
     for (const char *sender : {"okButton", "addButton"}) {
