@@ -154,7 +154,13 @@ void TAVLexiconController::wordPopoverDidAddWords(const TAVWordList &words, bool
     hideWordEditor();
     markFileAsNeedsSync();
     if (shallAddMore)
-        platform::clock().callAfter(500ms, this, [this] { showAddWordPanel(); });
+        platform::clock().callAfter(500ms, this, [this] {
+            // On another page, nobody would type into the empty word, and it would be saved.
+            if (m_view->isVisible())
+                showAddWordPanel();
+            else
+                syncWithDropbox();
+        });
     else
         syncWithDropbox();
 }

@@ -263,6 +263,16 @@ TEST_F(MainWindowTest, TabsTellTheirPagesWhatTheyNeed)
     EXPECT_EQ(vocabulary()->countAllWords(), 3) << "an unfinished word doesn't outlive its page";
     EXPECT_FALSE(words()->wordEditor()->isPanelVisible());
 
+    // "Add and next" opens the next word half a second later, but not for one who has gone on.
+    click("showVocabulary");
+    words()->showAddWordPanel();
+    findControl<QLineEdit>(hub->mainWindow(), "foreignWordTextField")->setText(QStringLiteral("pane"));
+    findControl<QPushButton>(hub->mainWindow(), "okButton")->click();
+    click("showStatistics");
+    services.clock.advanceSeconds(1);
+    EXPECT_EQ(vocabulary()->countAllWords(), 4);
+    EXPECT_FALSE(words()->wordEditor()->isPanelVisible());
+
     const int resizes = page.resizes;
     hub->mainWindow()->resize(900, 650);
     processEvents();
