@@ -161,6 +161,12 @@ TEST_F(FlashCardQuizTest, NothingIsBookedUnseenWhereverTheUserGoes)
     EXPECT_FALSE(m_cards.isAutoPlay());
     for (const TAVWordRef &word : words)
         EXPECT_FALSE(word->lastAsked().isValid());
+
+    // Gone to another tab within the delay of the start.
+    startCards(words);
+    services.clock.advanceSeconds(60);
+    EXPECT_FALSE(m_cards.isAutoPlay());
+    EXPECT_FALSE(words.first()->lastAsked().isValid());
 }
 
 TEST_F(FlashCardQuizTest, TheCountdownAsksTheSameWordsAgainUnlessItIsStopped)
@@ -193,6 +199,19 @@ TEST_F(FlashCardQuizTest, TheCountdownAsksTheSameWordsAgainUnlessItIsStopped)
     EXPECT_EQ(m_cards.wordsToAsk().size(), 3);
     EXPECT_EQ(m_cards.numberOfSkipped(), 0);
     EXPECT_TRUE(words.contains(m_cards.currentWord()));
+
+    const TAVWordRef deleted = m_cards.currentWord();
+    clickCard();
+    m_words.vocabulary->removeWord(deleted);
+    m_cards.wordPopoverDidDeleteWords({deleted});
+    pass();
+    EXPECT_NE(m_cards.currentWord(), deleted);
+    for (int i = 0; i < 4; ++i)
+        clickCard();
+    button->click();
+    services.clock.advanceSeconds(6);
+    EXPECT_EQ(m_cards.numberOfWordsToAsk(), 2);
+    EXPECT_FALSE(m_cards.wordsToAsk().contains(deleted));
 }
 
 TEST_F(FlashCardQuizTest, StoppingBooksTheLastMarkAndWrongWordsComeAgainInTheirOrder)

@@ -161,10 +161,12 @@ bool TAVFlashCardQuizController::eventFilter(QObject *watched, QEvent *event)
 {
     QWidget *page = m_view->page(QuizView::flashCardPage);
     if (event->type() == QEvent::Hide && !event->spontaneous()) {
-        if (watched == page)
+        if (watched == page) {
             stopPlaying();
-        else
+            m_editor->hidePanel();
+        } else {
             endRestartCountdown();
+        }
     } else if (event->type() == QEvent::Resize && watched == page) {
         m_ui->showAnswerHiddenButton->setGeometry(page->rect());
     }
@@ -220,7 +222,8 @@ void TAVFlashCardQuizController::beginRun()
     m_view->statusText()->show();
     m_view->setProgressVisible(true);
     setQuestion();
-    if (m_ui->flipTimeoutSlider->value() > 0)
+    // Who has gone to another tab within the delay of the start would have the words booked unseen.
+    if (m_ui->flipTimeoutSlider->value() > 0 && m_view->isVisible())
         togglePlay();
 }
 
@@ -516,6 +519,8 @@ void TAVFlashCardQuizController::restartCountdown()
         m_restartCountdownTimer = platform::clock().startTimer(1s, true, [this] { restartCountdown(); });
     } else if (m_restartCountdown == 0) {
         endRestartCountdown();
+        if (wordsToAsk().isEmpty())
+            return;
         m_view->flip()->flipFirstHalf();
         setWordsToAsk(wordsToAsk());
         startQuiz();
@@ -565,8 +570,20 @@ void TAVFlashCardQuizController::wordPopoverDidDeleteWords(const TAVWordList &wo
     m_editor->hidePanel();
     if (words.contains(m_currentWord))
         showNext();
-    for (const TAVWordRef &word : words)
+    for (const TAVWordRef &word : words) {
         m_wrongAnsweredWords.removeAll(word);
+        forgetDeletedWord(word);
+    }
+}
+
+void TAVFlashCardQuizController::forgetDeletedWord(const TAVWordRef &word)
+{
+    const qsizetype index = wordsToAsk().indexOf(word);
+    if (index < 0)
+        return;
+    mutableWordsToAsk().removeAt(index);
+    if (index <= askIndex())
+        setAskIndex(askIndex() - 1);
 }
 
 void TAVFlashCardQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)

@@ -74,6 +74,8 @@ private:
     void connectControls();
     void addShortcuts();
     void scheduleOnPage(QuizView::Page page, Step step);
+    /** So that the next round doesn't ask it. */
+    void forgetDeletedWord(const TAVWordRef &word);
     void executeShowStatistics();
     void executeRestartQuizWithWrong();
     void endRestartCountdown();
