@@ -2,6 +2,7 @@
 
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/WordLabel.h"
+#include "widgets/ArrowPopup.h"
 #include "widgets/CardFlip.h"
 #include "widgets/TAVCardView.h"
 #include "widgets/TAVProgressBar.h"
@@ -267,9 +268,12 @@ TEST_F(TypingQuizTest, AnEditedWordShowsItsNewTextsAndADeletedOneIsNotAskedAgain
     EXPECT_FALSE(onCard<QCheckBox>("iKnewItCheckBox")->isEnabled());
     answer("y");
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible());
-    pressReturn();
+    onCard<QPushButton>("editButton")->click();
+    onCard<QPushButton>("showStatisticsButton")->click();
     pass();
-    pressReturn();
+    for (ArrowPopup *panel : m_view.findChildren<ArrowPopup *>())
+        EXPECT_FALSE(panel->isVisible()) << "a panel must not outlive its run";
+    on<QPushButton>(QuizView::resultPage, "restartWithWrongButton")->click();
     pass();
     EXPECT_EQ(m_typing.wordsToAsk(), TAVWordList{b});
 }

@@ -102,8 +102,17 @@ void TAVTypingQuizController::connectControls()
     connect(m_ui->editButton, &QPushButton::clicked, this, &TAVTypingQuizController::editLastWord);
     m_ui->answerTextField->setOhDelegate(this);
     connect(m_view->flip(), &CardFlip::animationDidStop, this, &TAVTypingQuizController::focusWhatComesNext);
+    m_view->page(QuizView::typingQuizPage)->installEventFilter(this);
     new ReturnKey(m_view->page(QuizView::typingQuizPage),
                   [this] { m_nextWord ? m_ui->nextButton->click() : m_ui->showStatisticsButton->click(); });
+}
+
+bool TAVTypingQuizController::eventFilter(QObject *watched, QEvent *event)
+{
+    // A panel that outlives its run would write the last word's texts beside another run's question.
+    if (event->type() == QEvent::Hide && !event->spontaneous())
+        m_editor->hidePanel();
+    return QObject::eventFilter(watched, event);
 }
 
 void TAVTypingQuizController::scheduleOnPage(QuizView::Page page, void (TAVTypingQuizController::*step)())

@@ -60,6 +60,9 @@ public:
     void wordPopoverDidDeleteWords(const TAVWordList &words) override;
     void wordPopoverDidCancelEditWords(const TAVWordList &words) override;
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void localize();
     void connectControls();
