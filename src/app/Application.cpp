@@ -46,6 +46,8 @@ int &prepared(int &argc)
     if (!isAnyDisplayNamed())
         endWithoutDisplay();
     qInstallMessageHandler(endOnFatalMessage);
+    // The terminal or pipe that takes the lines of the log may be closed long before the user is done.
+    std::signal(SIGPIPE, SIG_IGN);
     return argc;
 }
 

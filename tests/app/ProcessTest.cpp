@@ -3,9 +3,12 @@
 #include <QElapsedTimer>
 #include <QLocalSocket>
 #include <QProcess>
+#include <QTest>
 
 #include <array>
 #include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -15,7 +18,7 @@ constexpr int patienceInMs = 30'000;
 class ProcessTest : public ServicesTest
 {
 protected:
-    std::unique_ptr<QProcess> start(const QMap<QString, QString> &more = {})
+    std::unique_ptr<QProcess> start(const QMap<QString, QString> &more = {}, int errorChannel = -1)
     {
         auto process = std::make_unique<QProcess>();
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -27,6 +30,8 @@ protected:
         for (auto it = more.begin(); it != more.end(); ++it)
             environment.insert(it.key(), it.value());
         process->setProcessEnvironment(environment);
+        if (errorChannel >= 0)
+            process->setChildProcessModifier([errorChannel] { dup2(errorChannel, STDERR_FILENO); });
         process->start(QStringLiteral(TAVIMO_PROGRAM), QStringList());
         EXPECT_TRUE(process->waitForStarted(patienceInMs));
         return process;
@@ -97,6 +102,20 @@ TEST_F(ProcessTest, OfManyStartsAtOnceOneRuns)
             process->terminate();
         EXPECT_EQ(exitCode(*process), 0);
     }
+}
+
+TEST_F(ProcessTest, RunsOnWhenNobodyReadsItsLines)
+{
+    int ends[2];
+    ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+    close(ends[0]);
+    auto process = start({}, ends[1]);
+    close(ends[1]);
+    const QString socket = services.directory.filePath(u"tavimo.socket"_qs);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(socket); }, patienceInMs));
+    EXPECT_EQ(exitCode(*start()), 0) << "it runs and answers";
+    process->terminate();
+    EXPECT_EQ(exitCode(*process), 0);
 }
 
 TEST_F(ProcessTest, WithoutADisplayOneLineSaysSo)
