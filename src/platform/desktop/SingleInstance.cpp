@@ -115,11 +115,15 @@ void SingleInstance::readCall(QLocalSocket *socket)
         return;
     }
     const QByteArray line = socket->readLine(longestCall).trimmed();
-    if ((line + ' ').startsWith(callWord)) {
-        Q_EMIT startedAgain(line.mid(callWord.size()));
+    const bool isCall = (line + ' ').startsWith(callWord);
+    if (isCall) {
         socket->write(answerWord);
+        socket->flush();
     }
     socket->disconnectFromServer();
+    // Last, as the receiver may show an alert: the caller would give up meanwhile, and the socket be gone.
+    if (isCall)
+        Q_EMIT startedAgain(line.mid(callWord.size()));
 }
 
 } // namespace platform
