@@ -21,14 +21,6 @@ constexpr quint64 nativeLevel = 5;
 /** Far above what anybody types; a dropped text full of separators would keep the program busy for ever. */
 constexpr qsizetype mostPairs = 500;
 
-/** A field cuts what is longer than it may hold; the next save would lose the rest. */
-void showWhole(QLineEdit *field, const QString &text)
-{
-    constexpr int usualLimit = 32767;
-    field->setMaxLength(std::max(usualLimit, int(text.size())));
-    field->setText(text);
-}
-
 void enableAndShow(QWidget *control, bool flag)
 {
     control->setEnabled(flag);
@@ -167,9 +159,9 @@ void TAVWordPopoverController::setupPopoverGUI()
 
 void TAVWordPopoverController::showOneWord(const TAVWord &word)
 {
-    showWhole(m_ui->yourLangWordTextField, word.yourWord());
-    showWhole(m_ui->foreignWordTextField, word.foreignWord());
-    showWhole(m_ui->commentTextField, word.comment());
+    m_ui->yourLangWordTextField->setText(word.yourWord());
+    m_ui->foreignWordTextField->setText(word.foreignWord());
+    m_ui->commentTextField->setText(word.comment());
     m_ui->tagsTokenField->setTokens(word.tagsSorted());
     m_ui->yourLangWordTextField->setEnabled(true);
     m_ui->foreignWordTextField->setEnabled(true);
