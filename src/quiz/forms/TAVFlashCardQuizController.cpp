@@ -160,7 +160,8 @@ void TAVFlashCardQuizController::addShortcuts()
 bool TAVFlashCardQuizController::eventFilter(QObject *watched, QEvent *event)
 {
     QWidget *page = m_view->page(QuizView::flashCardPage);
-    if (event->type() == QEvent::Hide && !event->spontaneous()) {
+    // A minimised window is left as well: nobody sees what would be booked.
+    if (event->type() == QEvent::Hide) {
         if (watched == page) {
             stopPlaying();
             m_editor->hidePanel();

@@ -480,9 +480,12 @@ void TAVTypingQuizController::wordPopoverDidDeleteWords(const TAVWordList &words
 {
     for (const TAVWordRef &word : words)
         m_judge.removeFromWrongAnsweredWords(word);
+    closeEditor();
+    // The run may have moved on while the editor was open.
+    if (!words.contains(lastWord()))
+        return;
     m_ui->deletedImageView->show();
     setControl(m_ui->editButton, false);
-    closeEditor();
     m_ui->dontAskAgainCheckBox->setEnabled(false);
     m_ui->iKnewItCheckBox->setEnabled(false);
 }
