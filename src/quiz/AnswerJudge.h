@@ -4,6 +4,11 @@
 
 enum class Verdict { correct, correctBySynonym, misspelled, wrong };
 
+inline bool isRight(Verdict verdict)
+{
+    return verdict == Verdict::correct || verdict == Verdict::correctBySynonym;
+}
+
 /**
  * Judges typed answers, books them, and keeps the counters of a run. What the user sees of a verdict is left
  * to the forms.

@@ -36,11 +36,6 @@ constexpr std::chrono::milliseconds placingTime = 500ms;
 constexpr int longestAnswer = 4000;
 constexpr quint64 highestLevel = 5;
 
-bool isRight(Verdict verdict)
-{
-    return verdict == Verdict::correct || verdict == Verdict::correctBySynonym;
-}
-
 } // namespace
 
 TAVPopupQuizController::TAVPopupQuizController(QuizView *view, QuizHub *hub, std::function<void()> showSetup)

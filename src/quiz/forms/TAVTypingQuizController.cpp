@@ -26,11 +26,6 @@ constexpr std::chrono::milliseconds firstFocusDelay = 1s;
 constexpr int markSize = 32;
 constexpr int longestAnswer = 4000;
 
-bool isRight(Verdict verdict)
-{
-    return verdict == Verdict::correct || verdict == Verdict::correctBySynonym;
-}
-
 QString helpText(Verdict verdict)
 {
     switch (verdict) {
