@@ -6,7 +6,7 @@
 #include "views/editor/TAVLanguageTextField.h"
 #include "views/editor/TAVLanguageTokenField.h"
 #include "views/editor/TAVWordPopoverDelegate.h"
-#include "views/editor/WordEdits.h"
+#include "document/WordEdits.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "views/editor/WordEdits.h"
+#include "document/WordEdits.h"
 
 #include "platform/Services.h"
 

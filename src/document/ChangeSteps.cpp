@@ -1,0 +1,100 @@
+#include "document/ChangeSteps.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace {
+
+using enum ChangeStep;
+
+constexpr size_t maxPieces = 3;
+constexpr size_t maxSteps = 5;
+
+struct Steps
+{
+    std::array<ChangeStep, maxSteps> steps = {};
+    size_t count = 0;
+
+    template <typename... Step>
+    constexpr Steps(Step... step)
+        : steps{step...}
+        , count(sizeof...(step))
+    {
+    }
+};
+
+struct Row
+{
+    Change change;
+    TouchedParts touched;
+    std::array<Steps, maxPieces> pieces;
+};
+
+constexpr Touched levels = Touched::Levels;
+constexpr TouchedParts content = TouchedParts(Touched::Tags) | Touched::Texts | Touched::List;
+constexpr TouchedParts everything = content | Touched::Levels;
+
+/** What the editor does to words itself; what its user does then is the next piece. */
+constexpr Steps editorSteps(DropLevelLists, BuildSynonyms, BuildTagsIndex, Flag, SaveOrStop);
+
+/**
+ * The one place that knows which steps follow which change. Some leave one out on purpose: a removal of
+ * duplicates neither flags nor marks, and the end of a run has nothing to flag that its answers have not.
+ */
+const Row rows[] = {
+    {Change::LevelSwitched, {}, {Steps(SaveOrStop, RequestSync)}},
+    {Change::WordsEdited, everything, {editorSteps, Steps(Mark, RequestSync)}},
+    {Change::WordsAdded, everything, {editorSteps, Steps(Mark, RequestSync)}},
+    // The sync comes after the last word; or right away, if there is no page any more to type the next one.
+    {Change::WordsAddedWithMore, everything, {editorSteps, Steps(Mark), Steps(RequestSync)}},
+    {Change::WordsDeleted, everything, {editorSteps, Steps(Mark), Steps(RequestSync)}},
+    {Change::AdditionCancelled, Touched::List, {Steps(RequestSync)}},
+    {Change::TagDropped, Touched::Tags, {Steps(Flag, Mark, Save, RequestSync)}},
+    {Change::DuplicatesRemoved, everything, {Steps(SaveOrStop), Steps(SaveOrStop), Steps(RequestSync)}},
+    {Change::Undone, everything, {Steps(Flag, Mark, Save), Steps(RequestSync)}},
+    {Change::AnswerTyped, levels, {Steps(Flag, Mark, Save)}},
+    {Change::TypingRunEnded, levels, {Steps(Mark, Save, RequestSync)}},
+    {Change::CardBooked, levels, {Steps(Flag, Mark, Save)}},
+    {Change::LastCardBooked, levels, {Steps(Flag, Mark)}},
+    {Change::CardRunEnded, levels, {Steps(Save, RequestSync)}},
+    {Change::PopupAnswered, levels, {Steps(Flag, Mark, Save)}},
+    {Change::PopupRunEnded, levels, {Steps(Save)}},
+    {Change::WordsImported, everything, {Steps(Flag, Mark, Save), Steps(RequestSync)}},
+    {Change::FirstLanguageMade, everything, {Steps(Flag, Mark, Save), Steps(RequestSync)}},
+};
+
+const Row &rowOf(Change change)
+{
+    const Row *row = std::find_if(std::begin(rows), std::end(rows),
+                                  [change](const Row &candidate) { return candidate.change == change; });
+    Q_ASSERT(row != std::end(rows));
+    return *row;
+}
+
+} // namespace
+
+namespace ChangeSteps {
+
+int numberOfPieces(Change change)
+{
+    const auto &pieces = rowOf(change).pieces;
+    return int(
+        std::count_if(pieces.begin(), pieces.end(), [](const Steps &steps) { return steps.count > 0; }));
+}
+
+Piece piece(Change change, int number)
+{
+    Q_ASSERT(number >= 0 && number < numberOfPieces(change));
+    const Steps &steps = rowOf(change).pieces.at(size_t(number));
+    return {steps.steps.data(), steps.count};
+}
+
+TouchedParts touchedBy(Change change)
+{
+    return rowOf(change).touched;
+}
+
+} // namespace ChangeSteps

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "document/ChangeSteps.h"
+#include "document/WordEdits.h"
+#include "model/TAVLexicon.h"
+
+/** Whether the sync hears of a change. It doesn't before the vocabulary view was shown for the first time. */
+enum class SyncHears { No, Yes };
+
+/** What became of a change, or of one piece of it. */
+struct ChangeOutcome
+{
+    /** False if a save failed, which its alert has told. The changed words stay in memory. */
+    bool isSaved = true;
+    TouchedParts touched;
+    /** Words that left the vocabulary, the same objects, in its order. */
+    TAVWordList removedWords = {};
+};
+
+/**
+ * The current vocabulary, and the one owner of every change to a vocabulary: whoever changes words on the
+ * user's behalf does it here and never thinks of indexes, flags, marks, saves and syncs. Each kind of change
+ * has its steps in one table, see ChangeSteps.h.
+ *
+ * An operation changes the words and does the first piece of those steps. Where a view has something to do
+ * before the rest, it calls the next piece itself. Operations work on the vocabulary that they are given,
+ * which need not be the current one: a quiz and the editor keep the object that they were opened with.
+ *
+ * Main thread only. A save may show an alert, whose event loop can replace the current vocabulary; the given
+ * one is held meanwhile.
+ */
+class VocabularyDocument : public VocabularySource
+{
+public:
+    /** Absent before the first language was loaded. */
+    TAVLexiconRef vocabulary() const override { return m_vocabulary; }
+    /** Called by the vocabulary view alone, which saves and shows what it is given. */
+    void setVocabulary(const TAVLexiconRef &vocabulary) { m_vocabulary = vocabulary; }
+    /**
+     * For whoever has worked on a vocabulary for longer: the object that stands for it now. That is the
+     * current one if it comes from the same file, as after a reload, else the given one.
+     */
+    TAVLexiconRef presentVersionOf(const TAVLexiconRef &given) const;
+
+    /** Does the steps of one piece. An absent vocabulary is ignored. */
+    ChangeOutcome proceed(Change change, int piece, TAVLexiconRef vocabulary,
+                          SyncHears syncHears = SyncHears::Yes);
+    /** The first piece, for a change that was made elsewhere, as the model books an answer. */
+    ChangeOutcome commit(Change change, TAVLexiconRef vocabulary, SyncHears syncHears = SyncHears::Yes)
+    {
+        return proceed(change, 0, std::move(vocabulary), syncHears);
+    }
+
+    // Changes of words, each with its first piece
+
+    ChangeOutcome deleteWords(TAVLexiconRef vocabulary, const TAVWordList &words,
+                              SyncHears syncHears = SyncHears::Yes);
+    ChangeOutcome dropTag(TAVLexiconRef vocabulary, const TAVWordRef &word, const QString &tag,
+                          SyncHears syncHears = SyncHears::Yes);
+    /** With the save before and the one behind; the first to fail ends it. */
+    ChangeOutcome removeDuplicates(TAVLexiconRef vocabulary, SyncHears syncHears = SyncHears::Yes);
+    /** Puts words back that had been removed, as they were; see TAVLexicon::restoreWords(). */
+    ChangeOutcome restoreWords(TAVLexiconRef vocabulary, const TAVWordList &words,
+                               SyncHears syncHears = SyncHears::Yes);
+
+private:
+    TAVLexiconRef m_vocabulary;
+};
