@@ -114,6 +114,24 @@ TEST_F(AnswerJudgeTest, ASynonymAlreadyAskedAndANearMissOfOneCountForNothing)
     EXPECT_EQ(m_judge.judge(asked, QStringLiteral("houns"), true), Verdict::wrong);
     EXPECT_EQ(m_judge.lastWord(), asked);
     EXPECT_EQ(m_run.wordsToAsk(), (TAVWordList{asked, synonym}));
+
+    // Of two with the same texts the first decides, though the second is still to come.
+    const TAVWordRef twin = m_words.add("Hund", "hound");
+    run({synonym, asked, twin}, 1);
+    EXPECT_EQ(m_judge.judge(asked, QStringLiteral("hound"), true), Verdict::wrong);
+
+    const TAVWordRef foreignTwin = m_words.add("Köter", "dog");
+    run({asked, foreignTwin});
+    EXPECT_EQ(m_judge.judge(asked, QStringLiteral("Köter"), false), Verdict::correctBySynonym);
+}
+
+TEST_F(AnswerJudgeTest, NoAnswerIsASynonymsEmptyText)
+{
+    const TAVWordRef asked = m_words.add("Hund", "dog");
+    const TAVWordRef empty = m_words.add("Hund", "");
+    run({asked, empty});
+    EXPECT_EQ(m_judge.judge(asked, QString(), true), Verdict::correctBySynonym);
+    EXPECT_EQ(m_judge.lastWord(), empty);
 }
 
 TEST_F(AnswerJudgeTest, AnOverruleUndoesTheFallAndBooksACorrectAnswer)
@@ -128,13 +146,15 @@ TEST_F(AnswerJudgeTest, AnOverruleUndoesTheFallAndBooksACorrectAnswer)
     for (const Case &c :
          {Case{"dof", 3, 4}, Case{"", 3, 4}, Case{"", 5, 5}, Case{"", 0, 1}, Case{"dof", 5, 5}}) {
         const TAVWordRef word = m_words.add("Hund", "dog", c.before);
-        run({word});
+        const TAVWordRef misspelledBefore = m_words.add("Katze", "cat");
+        run({misspelledBefore, word}, 1);
+        m_judge.judge(misspelledBefore, QStringLiteral("cta"), true);
         m_judge.judge(word, QString::fromUtf8(c.answer), true);
         m_judge.takeOverrule();
         EXPECT_EQ(word->level(), c.after) << c.answer << " at " << c.before;
         EXPECT_EQ(m_judge.numberOfCorrect(), 1);
-        EXPECT_EQ(m_judge.numberOfAnswers(), 1);
-        EXPECT_TRUE(m_judge.wrongAnsweredWords().isEmpty());
+        EXPECT_EQ(m_judge.numberOfAnswers(), 2);
+        EXPECT_EQ(m_judge.wrongAnsweredWords(), TAVWordList{misspelledBefore});
     }
 }
 

@@ -1,3 +1,4 @@
+#include "app/ground/SettingsKeys.h"
 #include "quiz/QuizFormsTest.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/TAVFlashCardQuizController.h"
@@ -48,9 +49,13 @@ TEST_F(FlashCardQuizTest, AClickShowsTheSolutionAndTheNextOneBooksAsSkipped)
 {
     const TAVWordList words = threeWords();
     startCards(words);
+    m_cards.setAskForForeignWord(false);
+    m_cards.setAskForYourWord(true);
     EXPECT_FALSE(shows("correctAnswerTextField"));
+    EXPECT_FALSE(shows("commentTextField"));
     clickCard();
     EXPECT_TRUE(shows("correctAnswerTextField"));
+    EXPECT_TRUE(shows("commentTextField"));
     EXPECT_EQ(on<QLabel>(card, "correctAnswerTextField")->text(), QStringLiteral("dog"));
     EXPECT_TRUE(m_recorder.calls.isEmpty());
     EXPECT_FALSE(words[0]->lastAsked().isValid());
@@ -63,7 +68,13 @@ TEST_F(FlashCardQuizTest, AClickShowsTheSolutionAndTheNextOneBooksAsSkipped)
     EXPECT_TRUE(QFile::exists(m_recorder.path()));
     EXPECT_EQ(m_cards.currentWord(), words[1]);
     EXPECT_FALSE(shows("correctAnswerTextField"));
+    EXPECT_EQ(on<QLabel>(card, "questionTextField")->text(), QStringLiteral("cat"))
+        << "the direction is drawn for each question";
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("2 of 3"));
+    for (int i = 0; i < 3; ++i)
+        clickCard();
+    m_cards.showNext();
+    EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("3 of 3"));
 }
 
 TEST_F(FlashCardQuizTest, MarksMoveTheWordAfterTheirOwnTimeAndShowWhereItGoes)
@@ -74,12 +85,12 @@ TEST_F(FlashCardQuizTest, MarksMoveTheWordAfterTheirOwnTimeAndShowWhereItGoes)
         int milliseconds;
         quint64 before;
         quint64 after;
-        bool rises;
-        bool falls;
+        const char *rises;
+        const char *falls;
     } cases[] = {
-        {Qt::Key_C, 600, 2, 3, true, false}, {Qt::Key_Right, 600, 5, 5, false, false},
-        {Qt::Key_X, 500, 3, 2, false, true}, {Qt::Key_Left, 500, 0, 0, false, false},
-        {Qt::Key_X, 500, 5, 2, false, true},
+        {Qt::Key_C, 600, 2, 3, "3 rises", ""}, {Qt::Key_Right, 600, 5, 5, "", ""},
+        {Qt::Key_X, 500, 3, 2, "", "2 falls"}, {Qt::Key_Left, 500, 0, 0, "", ""},
+        {Qt::Key_X, 500, 4, 2, "", "3 falls"}, {Qt::Key_X, 500, 5, 2, "", "3 falls"},
     };
     for (const auto &[key, milliseconds, before, after, rises, falls] : cases) {
         const TAVWordRef word = m_words.add("Hund", "dog", before);
@@ -90,8 +101,11 @@ TEST_F(FlashCardQuizTest, MarksMoveTheWordAfterTheirOwnTimeAndShowWhereItGoes)
         press(Qt::Key_Space);
         pass();
         press(key);
-        EXPECT_EQ(shows("upArrowImageView"), rises);
-        EXPECT_EQ(shows("downArrowImageView"), falls);
+        const auto levels = [this](const char *picture, const char *arrow) {
+            return shownLevels(m_view.page(card), picture, picture, arrow).section(QLatin1Char(' '), 1);
+        };
+        EXPECT_EQ(levels("upperLevelImageView", "upArrowImageView"), QLatin1String(rises));
+        EXPECT_EQ(levels("lowerLevelImageView", "downArrowImageView"), QLatin1String(falls));
         services.clock.advance(std::chrono::milliseconds(milliseconds - 1));
         EXPECT_FALSE(word->lastAsked().isValid());
         services.clock.advance(std::chrono::milliseconds(1));
@@ -139,7 +153,28 @@ TEST_F(FlashCardQuizTest, AutoplayKeepsItsPaceAndStopsBeforeTheResult)
     EXPECT_FALSE(m_cards.isAutoPlay());
     EXPECT_EQ(m_view.currentPage(), result);
     EXPECT_EQ(m_cards.numberOfSkipped(), 3);
+    EXPECT_EQ(on<QLabel>(result, "statisticsMissspelled")->text(), QStringLiteral("3 / 3"));
     EXPECT_TRUE(on<QWidget>(result, "restartWithWrongButton")->isHidden());
+    EXPECT_EQ(services.settings.integer(settingskeys::learnFlipLevel), 2);
+
+    // Switched on over a solution, it leaves that no longer than any other; an edit holds it.
+    setSpeed(0);
+    startCards(words);
+    clickCard();
+    setSpeed(1);
+    press(Qt::Key_P);
+    services.clock.advance(std::chrono::milliseconds(2999));
+    EXPECT_TRUE(m_cards.isShowingSolution());
+    services.clock.advance(std::chrono::milliseconds(1));
+    EXPECT_FALSE(m_cards.isShowingSolution());
+    services.clock.advanceSeconds(5.1);
+    EXPECT_TRUE(m_cards.isShowingSolution());
+    on<QPushButton>(card, "editButton")->click();
+    services.clock.advanceSeconds(60);
+    EXPECT_EQ(m_cards.currentWord(), words[1]);
+    words[1]->setForeignWord(QStringLiteral("tomcat"));
+    m_cards.wordPopoverDidEditWords({words[1]});
+    EXPECT_EQ(on<QLabel>(card, "correctAnswerTextField")->text(), QStringLiteral("tomcat"));
 }
 
 TEST_F(FlashCardQuizTest, NothingIsBookedUnseenWhereverTheUserGoes)
@@ -206,8 +241,13 @@ TEST_F(FlashCardQuizTest, TheCountdownAsksTheSameWordsAgainUnlessItIsStopped)
     m_cards.wordPopoverDidDeleteWords({deleted});
     pass();
     EXPECT_NE(m_cards.currentWord(), deleted);
-    for (int i = 0; i < 4; ++i)
+    TAVWordSet asked;
+    for (int i = 0; i < 4; ++i) {
+        asked.insert(m_cards.currentWord());
         clickCard();
+    }
+    EXPECT_TRUE(asked.size() == 2 && !asked.contains(nullptr))
+        << "the words behind a deleted one are asked all the same";
     button->click();
     services.clock.advanceSeconds(6);
     EXPECT_EQ(m_cards.numberOfWordsToAsk(), 2);
@@ -238,6 +278,20 @@ TEST_F(FlashCardQuizTest, StoppingBooksTheLastMarkAndWrongWordsComeAgainInTheirO
     EXPECT_EQ(m_view.currentPage(), card);
     EXPECT_EQ(m_cards.wordsToAsk(), (TAVWordList{words[0], words[1]}));
     EXPECT_TRUE(m_cards.wrongAnsweredWords().isEmpty());
+    EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 2"));
+
+    // A deleted word is none of the wrong ones any more; what was known counts for its own run alone.
+    clickCard();
+    press(Qt::Key_C);
+    pass();
+    clickCard();
+    press(Qt::Key_X);
+    m_cards.wordPopoverDidDeleteWords({words[1]});
+    pass();
+    EXPECT_EQ(on<QLabel>(result, "statisticsCorrect")->text(), QStringLiteral("1 / 2"));
+    EXPECT_TRUE(on<QWidget>(result, "restartWithWrongButton")->isHidden());
+    startCards(words);
+    EXPECT_EQ(m_cards.numberOfCorrect(), 0);
 }
 
 TEST_F(FlashCardQuizTest, OnlyTheHighestLevelOffersNotToAskAgain)
@@ -251,6 +305,17 @@ TEST_F(FlashCardQuizTest, OnlyTheHighestLevelOffersNotToAskAgain)
     on<QCheckBox>(card, "dontAskAgainCheckBox")->click();
     clickCard();
     EXPECT_TRUE(native->dontAskAgain());
+    EXPECT_TRUE(m_words.vocabulary->nativeWithoutDontAsk().isEmpty());
+
+    const TAVWordRef other = m_words.add("Maus", "mouse", 5);
+    startCards({other});
+    clickCard();
+    EXPECT_EQ(m_words.vocabulary->nativeWithoutDontAsk().size(), 1);
+    on<QCheckBox>(card, "dontAskAgainCheckBox")->click();
+    on<QPushButton>(card, "stopButton")->click();
+    pass();
+    EXPECT_TRUE(other->dontAskAgain());
+    EXPECT_FALSE(other->lastAsked().isValid()) << "seen, but not marked";
     EXPECT_TRUE(m_words.vocabulary->nativeWithoutDontAsk().isEmpty());
 }
 

@@ -1,7 +1,14 @@
+#include "app/ground/SettingsKeys.h"
 #include "quiz/QuizFormsTest.h"
 #include "quiz/forms/TAVPopupQuizController.h"
+#include "widgets/TAVCardView.h"
+#include "widgets/TAVPieChart.h"
 
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
 #include <QSpinBox>
+#include <QStackedWidget>
 
 namespace {
 
@@ -41,6 +48,16 @@ protected:
     }
     void goOn() { panel<QPushButton>("nextButton")->click(); }
     bool isInSight() { return m_popup.quizWindow()->isVisible(); }
+    QString levels()
+    {
+        return shownLevels(m_popup.quizWindow(), "answerLowerLevelImageView", "answerUpperLevelImageView",
+                           "answerArrowImageView");
+    }
+    QString shown(const char *name)
+    {
+        const auto *label = panel<QLabel>(name);
+        return label->isVisible() ? label->text() : QString();
+    }
 
     LockRecorder m_hub;
     TAVPopupQuizController m_popup{&m_view, &m_hub, [this] { m_setup.showQuiz(); }};
@@ -114,26 +131,167 @@ TEST_F(PopupQuizTest, EveryWayOutUnlocksTheWindowAndLosesNoAnswer)
     }
 }
 
-TEST_F(PopupQuizTest, WithoutAnyAnswerThereIsNothingToDraw)
+TEST_F(PopupQuizTest, TheResultCountsTheAnswersThatWereGiven)
 {
-    startPopup({m_words.add("Katze", "cat")});
+    startPopup({m_words.add("Katze", "cat"), m_words.add("Maus", "mouse")});
     panel<QPushButton>("questionEndQuizButton")->click();
     EXPECT_EQ(tab(), 2);
     EXPECT_TRUE(panel<QWidget>("pieChart")->isHidden());
     EXPECT_EQ(panel<QLabel>("statisticsCorrect")->text(), QStringLiteral("0 / 0"));
+    EXPECT_TRUE(QFile::exists(m_recorder.path()));
+    EXPECT_TRUE(m_recorder.calls.isEmpty());
+
+    startPopup(m_words.vocabulary->allWords());
+    check("x");
+    panel<QCheckBox>("iKnewItCheckBox")->click();
+    panel<QPushButton>("answerEndQuizButton")->click();
+    EXPECT_EQ(shown("statisticsCorrect"), QStringLiteral("1 / 1"));
+    EXPECT_EQ(panel<TAVPieChart>("pieChart")->correctPercent(), 1.0);
+    EXPECT_TRUE(panel<QWidget>("pieChart")->isVisible());
 }
 
-TEST_F(PopupQuizTest, AnOverruleGoesUpFromWhereTheWordStood)
+TEST_F(PopupQuizTest, WhatAVerdictAndAnOverruleShow)
+{
+    const struct
+    {
+        const char *answer;
+        quint64 level;
+        const char *mark;
+        const char *levels;
+        const char *overruledLevels;
+        bool offersExclusion;
+        quint64 overruledTo;
+    } cases[] = {
+        {"cat", 3, "✓", "3 4 rises", nullptr, false, 4},
+        {"cat", 4, "✓", "4", nullptr, true, 5},
+        {"cat", 5, "✓", "5", nullptr, true, 5},
+        {"cta", 3, "≈", "3", "3 4 rises", false, 4},
+        {"cta", 5, "≈", "5", "5", false, 5},
+        {"dog", 5, "X", "2 5 falls", "5 3 rises", false, 5},
+        {"dog", 0, "X", "0", "0 1 rises", false, 1},
+        {"", 3, "", "2 3 falls", "3 3 rises", false, 4},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.answer + std::to_string(c.level));
+        m_words = QuizWords();
+        m_recorder.current = m_words.vocabulary;
+        const TAVWordRef word = m_words.add("Katze", "cat", c.level);
+        startPopup({word, m_words.add("Maus", "mouse")});
+        services.clock.advanceSeconds(1);
+        const QPoint home = m_popup.quizWindow()->pos();
+        check(c.answer);
+        services.clock.advance(std::chrono::milliseconds(40));
+        EXPECT_EQ(m_popup.quizWindow()->pos() != home, *c.mark == 'X' || *c.mark == '\0');
+        EXPECT_EQ(shown("answerMark"), QString::fromUtf8(c.mark));
+        EXPECT_EQ(levels(), QLatin1String(c.levels));
+        EXPECT_EQ(panel<QCheckBox>("dontAskAgainCheckBox")->isVisible(), c.offersExclusion);
+        auto *knewIt = panel<QCheckBox>("iKnewItCheckBox");
+        EXPECT_EQ(knewIt->isVisible(), c.overruledLevels != nullptr);
+        if (c.overruledLevels) {
+            knewIt->click();
+            EXPECT_EQ(levels(), QLatin1String(c.overruledLevels));
+            knewIt->click();
+            EXPECT_EQ(levels(), QLatin1String(c.levels));
+            knewIt->click();
+        }
+        goOn();
+        EXPECT_EQ(word->level(), c.overruledTo);
+        EXPECT_EQ(m_popup.judge().numberOfCorrect(), 1);
+        m_popup.quizWindow()->close();
+    }
+}
+
+TEST_F(PopupQuizTest, AnAnswerOnTheScreenIsSavedWithItsBoxesWhenTheProgramQuits)
 {
     const TAVWordRef word = m_words.add("Katze", "cat", 5);
     startPopup({word, m_words.add("Maus", "mouse")});
-    check("dog");
-    EXPECT_EQ(word->level(), 2);
-    panel<QCheckBox>("iKnewItCheckBox")->click();
-    EXPECT_EQ(word->level(), 2);
+    check("cat");
+    m_popup.checkWord();
+    EXPECT_EQ(m_words.vocabulary->nativeWithoutDontAsk().size(), 1);
+    panel<QCheckBox>("dontAskAgainCheckBox")->click();
+    EXPECT_FALSE(word->dontAskAgain());
+    QMetaObject::invokeMethod(qApp, "aboutToQuit");
+    EXPECT_EQ(m_recorder.calls, QStringList{QStringLiteral("flagged, mark")});
+    EXPECT_TRUE(QFile::exists(m_recorder.path()));
+    EXPECT_TRUE(word->dontAskAgain());
+    EXPECT_TRUE(m_words.vocabulary->nativeWithoutDontAsk().isEmpty());
+    EXPECT_EQ(m_popup.judge().numberOfAnswers(), 1) << "a second press of the check button";
+}
+
+TEST_F(PopupQuizTest, ASynonymIsShownWithTheLevelFromWhereTheAskedWordCame)
+{
+    const TAVWordRef asked = m_words.add("Hund", "dog", 1);
+    const TAVWordRef synonym = m_words.add("Hund", "hound", 3);
+    startPopup({asked, synonym});
+    check("hound");
+    EXPECT_EQ(levels(), QStringLiteral("1 4 rises"));
+    EXPECT_EQ(panel<TAVCardView>("popupCard")->leftStartColor(), QColor::fromRgbF(0.83f, 0.89f, 0.91f));
+    EXPECT_EQ(m_popup.currentWord(), synonym);
+    synonym->setYourWord(QStringLiteral("Jagdhund"));
+    m_popup.wordPopoverDidEditWords({synonym});
+    EXPECT_EQ(shown("lastQuestionTextField"), QStringLiteral("Jagdhund"));
     goOn();
-    EXPECT_EQ(word->level(), 5);
-    EXPECT_EQ(m_popup.judge().numberOfWrong(), 0);
+    m_popup.showQuiz();
+    EXPECT_EQ(m_popup.currentWord(), asked);
+    check("x");
+    EXPECT_TRUE(panel<QWidget>("iKnewItCheckBox")->isEnabled());
+    m_popup.wordPopoverDidDeleteWords({asked});
+    EXPECT_FALSE(panel<QWidget>("iKnewItCheckBox")->isEnabled());
+    EXPECT_FALSE(panel<QWidget>("editButton")->isEnabled());
+}
+
+TEST_F(PopupQuizTest, ANewListIsMadeWhenThereIsNoneAnyMore)
+{
+    EXPECT_EQ(m_popup.numberOfWordsToAsk(), 10);
+    TAVWordList words;
+    for (int i = 0; i < 30; ++i)
+        words.append(m_words.add(qPrintable(QString::number(i)), "x"));
+    startPopup(words);
+    EXPECT_EQ(m_popup.wordsToAsk(), words);
+    m_popup.stopQuiz();
+    m_popup.showQuiz();
+    EXPECT_EQ(m_popup.wordsToAsk().size(), 10);
+    EXPECT_EQ(tab(), 0);
+}
+
+TEST_F(PopupQuizTest, AQuestionThatComesOverAnAnswerTakesTheBoxesAway)
+{
+    const TAVWordRef word = m_words.add("Katze", "cat", 3);
+    startPopup({word, m_words.add("Maus", "mouse")});
+    check("x");
+    panel<QCheckBox>("iKnewItCheckBox")->click();
+    m_popup.updateInterval(1);
+    services.clock.advanceSeconds(60);
+    EXPECT_EQ(shown("questionTextField"), QStringLiteral("Maus"));
+    m_popup.quizWindow()->close();
+    EXPECT_EQ(word->level(), 2);
+    EXPECT_EQ(m_recorder.calls.size(), 1);
+}
+
+TEST_F(PopupQuizTest, TheCommentStandsWithTheQuestionOnlyIfTheUserWantsIt)
+{
+    const TAVWordRef word = m_words.add("Katze", "cat");
+    word->setComment(QStringLiteral("a pet"));
+    for (const bool wants : {true, false}) {
+        services.settings.setValue(settingskeys::isShowCommentWithQuestion, wants);
+        start({word});
+        EXPECT_EQ(onCard<QLabel>("questionCommentTextField")->isVisible(), wants);
+        startPopup({word});
+        EXPECT_EQ(shown("questionCommentTextField"), wants ? word->comment() : QString());
+    }
+}
+
+TEST_F(PopupQuizTest, TheKeyboardFollowsTheAnswerAndComesBackAfterIt)
+{
+    services.inputSources.add(QStringLiteral("us"));
+    services.inputSources.add(QStringLiteral("de"));
+    m_words.vocabulary->setForeignTextInputSourceId(QStringLiteral("us"));
+    m_words.vocabulary->setYourTextInputSourceId(QStringLiteral("de"));
+    startPopup({m_words.add("Katze", "cat"), m_words.add("Maus", "mouse")});
+    EXPECT_EQ(services.inputSources.current->id, QStringLiteral("us"));
+    check("cat");
+    goOn();
+    EXPECT_EQ(services.inputSources.current->id, QStringLiteral("de"));
 }
 
 TEST_F(PopupQuizTest, TheIntervalIsKeptWithinItsRangesAndRestartsTheWait)
@@ -153,6 +311,10 @@ TEST_F(PopupQuizTest, TheIntervalIsKeptWithinItsRangesAndRestartsTheWait)
         QuizView nextView;
         TAVPopupQuizController nextStart(&nextView, &m_hub, [] {});
         EXPECT_EQ(findControl<QSpinBox>(&nextView, "intervalStepper")->value(), restored) << minutes;
+        nextStart.setVocabulary(m_words.vocabulary);
+        nextStart.setWordsToAsk({m_words.add("Hund", "dog")});
+        nextStart.startQuiz();
+        EXPECT_EQ(nextStart.questionIntervalMinutes(), restored) << "from the first question on";
     }
 
     startPopup({m_words.add("Katze", "cat"), m_words.add("Maus", "mouse")});

@@ -2,6 +2,7 @@
 
 #include "app/ground/AppGround.h"
 #include "quiz/QuizWords.h"
+#include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizView.h"
 #include "quiz/forms/TAVQuizSetupController.h"
 #include "quiz/forms/TAVTypingQuizController.h"
@@ -105,6 +106,23 @@ protected:
     template <typename Control> Control *onCard(const char *name)
     {
         return on<Control>(QuizView::typingQuizPage, name);
+    }
+    /** What the three pictures show: the lower level, the upper level and the arrow as "3 4 up"; hidden ones
+     * are left out. */
+    static QString shownLevels(QWidget *root, const char *lower, const char *upper, const char *arrow)
+    {
+        QStringList shown;
+        for (const char *name : {lower, upper}) {
+            const auto *picture = findControl<QLabel>(root, name);
+            for (quint64 level = 0; picture->isVisible() && level < TAVLexicon::numberOfLevels; ++level) {
+                if (picture->accessibleName() == LevelPicture::name(level))
+                    shown.append(QString::number(level));
+            }
+        }
+        const auto *picture = findControl<QLabel>(root, arrow);
+        if (picture->isVisible())
+            shown.append(picture->accessibleName().split(QLatin1Char(' ')).last());
+        return shown.join(QLatin1Char(' '));
     }
     bool hasFocus(QuizView::Page page, const char *name) { return on<QWidget>(page, name)->hasFocus(); }
 

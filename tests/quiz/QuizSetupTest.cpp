@@ -2,6 +2,7 @@
 
 #include "platform/Texts.h"
 #include "quiz/forms/LevelButton.h"
+#include "quiz/forms/QuizForm.h"
 #include "quiz/forms/SegmentControl.h"
 #include "widgets/TokenField.h"
 
@@ -167,6 +168,46 @@ TEST_F(QuizSetupTest, OptionsReachTheForm)
     EXPECT_EQ(m_typing.wordsToAsk().first()->foreignWord(), QStringLiteral("dog"));
     EXPECT_TRUE(m_typing.askForYourWord());
     EXPECT_FALSE(m_typing.askForForeignWord());
+
+    // Each level is its own, and so are all and any of the tags.
+    m_words.add("Esel", "donkey", 2, {QStringLiteral("animal")});
+    const QStringList both = {QStringLiteral("animal"), QStringLiteral("building")};
+    const TAVWordRef stable = m_words.add("Stall", "stable", 2, both);
+    m_words.add("Nest", "nest", 1, both);
+    for (const int rule : {0, 1}) {
+        services.clock.advanceSeconds(3600);
+        m_setup.showQuiz();
+        tags->setTokens(both);
+        on<QComboBox>(page, "quizTagsAllAnyPopup")->setCurrentIndex(rule);
+        for (const char *name : {"quizAskUnknownButton", "quizAskUltraShortButton"})
+            QTest::mouseClick(level(name), Qt::LeftButton);
+        on<QSpinBox>(page, "quizNumberOfWordsStepper")->setValue(9);
+        on<QPushButton>(page, "quizStartQuizButton")->click();
+        pass();
+        EXPECT_EQ(m_typing.wordsToAsk().size(), rule == 0 ? 1 : 2);
+        EXPECT_TRUE(m_typing.wordsToAsk().contains(stable));
+    }
+}
+
+TEST_F(QuizSetupTest, TheChosenSegmentStartsItsForm)
+{
+    struct Form : QuizForm
+    {
+        void startQuiz() override { hasStarted = true; }
+        QuizView::Page page() const override { return QuizView::flashCardPage; }
+        bool hasStarted = false;
+    };
+    addDue(1, 0);
+    Form cards;
+    Form popup;
+    m_setup.setLearnController(&cards);
+    m_setup.setPopupQuizController(&popup);
+    m_setup.showQuiz();
+    on<SegmentControl>(page, "quizModeSegmentControl")->setSelectedSegment(2);
+    m_setup.startQuiz();
+    pass();
+    EXPECT_TRUE(popup.hasStarted && !cards.hasStarted);
+    EXPECT_EQ(m_view.currentPage(), popup.page());
 }
 
 TEST_F(QuizSetupTest, EverythingWorksWithoutAVocabulary)

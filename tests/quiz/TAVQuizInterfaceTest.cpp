@@ -82,6 +82,23 @@ TEST_F(TAVQuizInterfaceTest, fillsUpWithWordsThatAreNotDue)
         EXPECT_FALSE(words.contains(word));
 }
 
+TEST_F(TAVQuizInterfaceTest, fillsUpFromTheLevelsInTheirOwnOrder)
+{
+    constexpr quint64 order[] = {5, 4, 3, 1, 2, 0};
+    for (quint64 level = 0; level < 6; ++level)
+        add(5, level, false);
+    for (qint64 wanted = 1; wanted <= 6; ++wanted) {
+        TAVQuizInterface quiz(m_vocabulary);
+        quiz.setAskNative(true);
+        quiz.setNumberOfWordsToAsk(wanted);
+        QSet<quint64> levels;
+        for (const TAVWordRef &word : run(quiz))
+            levels.insert(word->level());
+        EXPECT_EQ(quiz.numberOfWordsToAsk(), wanted);
+        EXPECT_EQ(levels, QSet<quint64>(order, order + wanted)) << "one of each as far as they go";
+    }
+}
+
 TEST_F(TAVQuizInterfaceTest, takesWhatThereIs)
 {
     TAVQuizInterface quiz(m_vocabulary);

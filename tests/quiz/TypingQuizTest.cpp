@@ -27,6 +27,7 @@ TEST_F(TypingQuizTest, ARunByKeyboardFromTheFirstQuestionToTheRestart)
     start({a, b, c});
     EXPECT_EQ(m_view.currentPage(), card);
     EXPECT_TRUE(hasFocus(card, "answerTextField"));
+    EXPECT_EQ(m_typing.lastWord(), a);
     EXPECT_EQ(onCard<QLabel>("questionTextField")->text(), QStringLiteral("Hund"));
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 3"));
 
@@ -39,6 +40,7 @@ TEST_F(TypingQuizTest, ARunByKeyboardFromTheFirstQuestionToTheRestart)
     EXPECT_TRUE(onCard<QLabel>("userAnswerTextField")->isHidden());
     EXPECT_EQ(m_view.progressIndicator()->progress(), 3);
     answer("mouse");
+    EXPECT_EQ(m_view.progressIndicator()->correct(), 1);
     EXPECT_TRUE(onCard<QLabel>("correctAnswerTextField")->isHidden());
     EXPECT_TRUE(onCard<QLineEdit>("answerTextField")->isHidden());
     EXPECT_TRUE(hasFocus(card, "showStatisticsButton"));
@@ -149,18 +151,20 @@ TEST_F(TypingQuizTest, WhatAVerdictShows)
     {
         const char *answer;
         quint64 level;
-        bool moves;
-        bool offersKnewIt;
+        const char *levels;
+        /** With the box that overrules; null if that is not offered. */
+        const char *overruledLevels;
         bool offersDontAsk;
         const char *helpKey;
     };
     const Case cases[] = {
-        {"dog", 4, true, false, false, "hasShownQuizHelpCorrectAnswer"},
-        {"dog", 5, false, false, true, nullptr},
-        {"dgo", 2, false, true, false, "hasShownQuizHelpMisspelledAnswer"},
-        {"xxx", 0, false, true, false, nullptr},
-        {"xxx", 1, true, true, false, "hasShownQuizHelpWrongAnswer"},
-        {"", 5, true, true, false, nullptr},
+        {"dog", 4, "4 5 rises", nullptr, false, "hasShownQuizHelpCorrectAnswer"},
+        {"dog", 5, "5", nullptr, true, nullptr},
+        {"dgo", 2, "2", "2 3 rises", false, "hasShownQuizHelpMisspelledAnswer"},
+        {"dgo", 5, "5", "5 5", false, nullptr},
+        {"xxx", 0, "0", "0 1 rises", false, nullptr},
+        {"xxx", 1, "0 1 falls", "1 2 rises", false, "hasShownQuizHelpWrongAnswer"},
+        {"", 5, "2 5 falls", "5 5 rises", false, nullptr},
     };
     for (const Case &c : cases) {
         m_words = QuizWords();
@@ -170,9 +174,19 @@ TEST_F(TypingQuizTest, WhatAVerdictShows)
         services.settings.writtenKeys.clear();
         answer(c.answer);
         SCOPED_TRACE(c.answer + std::to_string(c.level));
-        EXPECT_EQ(onCard<QLabel>("answerArrowImageView")->isVisible(), c.moves);
-        EXPECT_EQ(onCard<QLabel>("answerUpperLevelImageView")->isVisible(), c.moves);
-        EXPECT_EQ(onCard<QCheckBox>("iKnewItCheckBox")->isVisible(), c.offersKnewIt);
+        const auto levels = [this] {
+            return shownLevels(m_view.page(card), "answerLowerLevelImageView", "answerUpperLevelImageView",
+                               "answerArrowImageView");
+        };
+        EXPECT_EQ(levels(), QLatin1String(c.levels));
+        auto *knewIt = onCard<QCheckBox>("iKnewItCheckBox");
+        EXPECT_EQ(knewIt->isVisible(), c.overruledLevels != nullptr);
+        if (c.overruledLevels) {
+            knewIt->click();
+            EXPECT_EQ(levels(), QLatin1String(c.overruledLevels));
+            knewIt->click();
+            EXPECT_EQ(levels(), QLatin1String(c.levels));
+        }
         EXPECT_EQ(onCard<QCheckBox>("dontAskAgainCheckBox")->isVisible(), c.offersDontAsk);
         EXPECT_EQ(onCard<QLabel>("cardLeftHelpText")->isVisible(), c.helpKey != nullptr);
         EXPECT_EQ(services.settings.writtenKeys,
@@ -203,12 +217,24 @@ TEST_F(TypingQuizTest, DontAskAgainIsTakenWithTheNextStep)
 TEST_F(TypingQuizTest, ASynonymOnTheLastQuestionAsksTheWordOnceMore)
 {
     const TAVWordRef asked = m_words.add("Hund", "dog");
+    asked->setComment(QStringLiteral("a pet"));
     m_words.add("Hund", "hound");
     start({asked});
     answer("hound");
+    EXPECT_EQ(onCard<QLabel>("commentTextField")->text(), QStringLiteral("a pet"));
     EXPECT_EQ(m_typing.nextWord(), asked);
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 1"));
     EXPECT_EQ(m_view.card()->leftStartColor(), QColor::fromRgbF(0.83f, 0.89f, 0.91f));
+}
+
+TEST_F(TypingQuizTest, MisspelledWordsAloneOfferNoRestart)
+{
+    start({m_words.add("Hund", "dog")});
+    answer("dgo");
+    pressReturn();
+    pass();
+    EXPECT_EQ(m_typing.judge().wrongAnsweredWords().size(), 1);
+    EXPECT_TRUE(on<QWidget>(result, "restartWithWrongButton")->isHidden());
 }
 
 TEST_F(TypingQuizTest, TheIntroFollowsThePercentage)
@@ -262,6 +288,8 @@ TEST_F(TypingQuizTest, AnEditedWordShowsItsNewTextsAndADeletedOneIsNotAskedAgain
     EXPECT_EQ(onCard<QLabel>("lastQuestionTextField")->text(), QStringLiteral("Hund"));
     EXPECT_EQ(onCard<QLabel>("commentTextField")->text(), QStringLiteral("<b>small</b>"));
 
+    m_typing.wordPopoverDidDeleteWords({b});
+    EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible()) << "another word than that on the left";
     m_words.vocabulary->removeWord(a);
     m_typing.wordPopoverDidDeleteWords({a});
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isHidden());
