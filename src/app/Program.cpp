@@ -9,9 +9,9 @@
 Program::Program(AppDelegate &delegate)
     : m_delegate(delegate)
     , m_quizView(new QuizView)
-    , m_typingQuiz(m_quizView)
-    , m_flashCardQuiz(m_quizView)
-    , m_popupQuiz(m_quizView, &m_mainWindowController, [this] { m_quizSetup.showQuiz(); })
+    , m_typingQuiz(m_quizView, m_document)
+    , m_flashCardQuiz(m_quizView, m_document)
+    , m_popupQuiz(m_quizView, m_document, &m_mainWindowController, [this] { m_quizSetup.showQuiz(); })
     , m_quizSetup(m_quizView, m_mainWindowController.vocabularyController())
 {
     m_quizSetup.setQuizController(&m_typingQuiz);

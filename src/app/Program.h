@@ -2,6 +2,7 @@
 
 #include "app/AppDelegate.h"
 
+#include "document/VocabularyDocument.h"
 #include "quiz/forms/QuizView.h"
 #include "quiz/forms/TAVFlashCardQuizController.h"
 #include "quiz/forms/TAVPopupQuizController.h"
@@ -43,6 +44,7 @@ private:
     void bringToFront(QWidget *window);
 
     AppDelegate &m_delegate;
+    VocabularyDocument m_document;
     TAVMainWindowController m_mainWindowController;
     /** Belongs to the window once that has taken it over. */
     QPointer<QuizView> m_quizView;

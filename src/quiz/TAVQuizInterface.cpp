@@ -1,5 +1,6 @@
 #include "quiz/TAVQuizInterface.h"
 
+#include "app/ground/SettingsKeys.h"
 #include "platform/Services.h"
 
 #include <numeric>
@@ -81,7 +82,7 @@ void TAVQuizInterface::doCommonInitStuff()
     m_askMidterm = true;
     m_askLongterm = true;
     m_askNative = false;
-    m_isShowCommentWithQuestion = platform::settings().boolean(QStringLiteral("isShowCommentWithQuestion"));
+    m_isShowCommentWithQuestion = platform::settings().boolean(settingskeys::isShowCommentWithQuestion);
     m_isWordsMustMatchAllTags = false;
     m_numberOfWordsToAsk = 30;
     m_askIndex = -1;
@@ -134,10 +135,10 @@ void TAVQuizInterface::createWordsToAsk()
 void TAVQuizInterface::topUp(TAVWordList &words, const QList<quint64> &levels) const
 {
     // The levels may hold too few words that match; the run is then shorter than wanted.
-    constexpr int mostRounds = 20;
+    constexpr int maxRounds = 20;
     Q_ASSERT(!levels.isEmpty());
     TAVWordSet chosen(words);
-    for (int round = 0; round < mostRounds && chosen.size() < m_numberOfWordsToAsk; ++round) {
+    for (int round = 0; round < maxRounds && chosen.size() < m_numberOfWordsToAsk; ++round) {
         const qint64 share = std::max<qint64>(1, (m_numberOfWordsToAsk - chosen.size()) / levels.size());
         for (const quint64 level : levels) {
             const TAVWordList picked =
@@ -154,7 +155,7 @@ void TAVQuizInterface::topUp(TAVWordList &words, const QList<quint64> &levels) c
 
 void TAVQuizInterface::setWordsToAsk(const TAVWordList &words)
 {
-    m_isShowCommentWithQuestion = platform::settings().boolean(QStringLiteral("isShowCommentWithQuestion"));
+    m_isShowCommentWithQuestion = platform::settings().boolean(settingskeys::isShowCommentWithQuestion);
     m_askIndex = -1;
     WordDraw draw(words);
     m_wordsToAsk.clear();

@@ -1,53 +1,22 @@
 #pragma once
 
 #include "app/ground/AppGround.h"
+#include "quiz/ChangeRecorder.h"
 #include "quiz/QuizWords.h"
-#include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizView.h"
 #include "quiz/forms/TAVQuizSetupController.h"
 #include "quiz/forms/TAVTypingQuizController.h"
-#include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"
-#include "sync/DropBoxController.h"
 #include "usage/RatingPrompt.h"
 
-#include <QFile>
-
-/** Writes down what is called, and whether the vocabulary's file was there by then. */
-class Recorder : public DropBoxController, public RatingPrompt, public VocabularySource
+/** Also the events for the rating prompt. */
+class Recorder : public ChangeRecorder, public RatingPrompt
 {
 public:
-    Recorder()
-    {
-        DropBoxController::setSharedManager(this);
-        RatingPrompt::setShared(this);
-    }
-    ~Recorder() override
-    {
-        DropBoxController::setSharedManager(nullptr);
-        RatingPrompt::setShared(nullptr);
-    }
+    Recorder() { RatingPrompt::setShared(this); }
+    ~Recorder() override { RatingPrompt::setShared(nullptr); }
 
-    TAVLexiconRef vocabulary() const override { return current; }
-    void markFileAsNeedsSync(const TAVLexicon &vocabulary) override
-    {
-        calls.append(QLatin1String(vocabulary.needsSync() ? "flagged, mark" : "mark") + savedText());
-    }
-    void syncWithDropbox() override { calls.append(QLatin1String("sync") + savedText()); }
     void logEvent(int count) override { calls.append(QStringLiteral("event %1").arg(count)); }
-
-    QString path() const { return TAVStorageManager::savePathForVocabulary(*current); }
-    QString savedText() const { return QLatin1String(QFile::exists(path()) ? ", saved" : ""); }
-    /** Forgets the calls and the file. */
-    void restart()
-    {
-        calls.clear();
-        QFile::remove(path());
-        current->setNeedsSync(false);
-    }
-
-    TAVLexiconRef current;
-    QStringList calls;
 };
 
 /** The quiz tab in a window of the smallest size, with the clock in the test's hand. */
@@ -107,28 +76,12 @@ protected:
     {
         return on<Control>(QuizView::typingQuizPage, name);
     }
-    /** What the three pictures show: the lower level, the upper level and the arrow as "3 4 up"; hidden ones
-     * are left out. */
-    static QString shownLevels(QWidget *root, const char *lower, const char *upper, const char *arrow)
-    {
-        QStringList shown;
-        for (const char *name : {lower, upper}) {
-            const auto *picture = findControl<QLabel>(root, name);
-            for (quint64 level = 0; picture->isVisible() && level < TAVLexicon::numberOfLevels; ++level) {
-                if (picture->accessibleName() == LevelPicture::name(level))
-                    shown.append(QString::number(level));
-            }
-        }
-        const auto *picture = findControl<QLabel>(root, arrow);
-        if (picture->isVisible())
-            shown.append(picture->accessibleName().split(QLatin1Char(' ')).last());
-        return shown.join(QLatin1Char(' '));
-    }
     bool hasFocus(QuizView::Page page, const char *name) { return on<QWidget>(page, name)->hasFocus(); }
 
     QuizWords m_words;
     Recorder m_recorder;
+    VocabularyDocument m_document;
     QuizView m_view;
-    TAVTypingQuizController m_typing{&m_view};
+    TAVTypingQuizController m_typing{&m_view, m_document};
     TAVQuizSetupController m_setup{&m_view, &m_recorder};
 };

@@ -1,5 +1,6 @@
 #include "quiz/QuizFormsTest.h"
 
+#include "platform/Texts.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/WordLabel.h"
 #include "widgets/ArrowPopup.h"
@@ -58,27 +59,22 @@ TEST_F(TypingQuizTest, ARunByKeyboardFromTheFirstQuestionToTheRestart)
     EXPECT_EQ(m_view.currentPage(), card);
     EXPECT_EQ(m_typing.wordsToAsk(), (TAVWordList{a, b}));
     EXPECT_EQ(m_typing.nextWord(), a);
-    EXPECT_EQ(m_typing.judge().numberOfAnswers(), 0);
+    EXPECT_EQ(m_typing.run().numberOfAnswers(), 0);
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 2"));
     EXPECT_TRUE(m_view.statusText()->isVisible());
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isHidden());
     EXPECT_TRUE(hasFocus(card, "answerTextField"));
 }
 
-TEST_F(TypingQuizTest, EachAnswerIsFlaggedMarkedAndSavedInThisOrder)
+TEST_F(TypingQuizTest, EachAnswerIsSavedAndTheResultTellsItsEvent)
 {
-    const TAVWordRef a = m_words.add("Hund", "dog");
-    start({a});
+    start({m_words.add("Hund", "dog")});
     m_recorder.restart();
     answer("dog");
-    EXPECT_EQ(m_recorder.calls, QStringList{QStringLiteral("flagged, mark")});
-    EXPECT_TRUE(QFile::exists(m_recorder.path()));
-
-    m_recorder.restart();
+    EXPECT_EQ(m_recorder.take(), QStringLiteral("flagged, mark, saved"));
     pressReturn();
     pass();
-    EXPECT_EQ(m_recorder.calls, (QStringList{QStringLiteral("mark"), QStringLiteral("sync, saved"),
-                                             QStringLiteral("event 1")}));
+    EXPECT_EQ(m_recorder.take(), QStringLiteral("mark; sync, saved; event 1, saved"));
 }
 
 TEST_F(TypingQuizTest, AHeldReturnDoesNothingAndTwoPressesAnswerTwice)
@@ -89,18 +85,18 @@ TEST_F(TypingQuizTest, AHeldReturnDoesNothingAndTwoPressesAnswerTwice)
     for (int i = 0; i < 5; ++i)
         pressReturn(true);
     pass();
-    EXPECT_EQ(m_typing.judge().numberOfAnswers(), 0);
+    EXPECT_EQ(m_typing.run().numberOfAnswers(), 0);
     onCard<QPushButton>("nextButton")->setFocus();
     pressReturn(true);
     pass();
-    EXPECT_EQ(m_typing.judge().numberOfAnswers(), 0);
+    EXPECT_EQ(m_typing.run().numberOfAnswers(), 0);
     onCard<QLineEdit>("answerTextField")->setFocus();
 
     // The third press finds no word any more.
     for (int i = 0; i < 3; ++i)
         pressReturn();
     pass();
-    EXPECT_EQ(m_typing.judge().numberOfWrong(), 2);
+    EXPECT_EQ(m_typing.run().numberOfWrong(), 2);
     pressReturn(true);
     pass();
     EXPECT_EQ(m_view.currentPage(), card);
@@ -114,24 +110,27 @@ TEST_F(TypingQuizTest, AHeldReturnDoesNothingAndTwoPressesAnswerTwice)
     EXPECT_EQ(m_view.currentPage(), result);
 }
 
-TEST_F(TypingQuizTest, AnOverruleTakesEffectWhenTheRunMovesOnAlsoOnTheLastQuestion)
+TEST_F(TypingQuizTest, AnOverruleShowsAtOnceAndTakesEffectWhenTheRunMovesOn)
 {
     const TAVWordRef a = m_words.add("Hund", "dog", 3);
     const TAVWordRef b = m_words.add("Katze", "cat", 5);
     start({a, b});
-    answer("x");
+    answer("dgo");
     auto *knewIt = onCard<QCheckBox>("iKnewItCheckBox");
-    QTest::mouseClick(knewIt, Qt::LeftButton);
-    EXPECT_EQ(a->level(), 2);
-    EXPECT_EQ(m_view.card()->leftStartColor(), QColor::fromRgbF(0.8f, 0.91f, 0.86f));
-    QTest::mouseClick(knewIt, Qt::LeftButton);
-    EXPECT_EQ(m_view.card()->leftStartColor(), QColor::fromRgbF(0.91f, 0.81f, 0.8f));
-    QTest::mouseClick(knewIt, Qt::LeftButton);
+    for (const bool isOn : {true, false, true}) {
+        QTest::mouseClick(knewIt, Qt::LeftButton);
+        EXPECT_EQ(m_view.card()->leftStartColor() == QColor::fromRgbF(0.8f, 0.91f, 0.86f), isOn);
+        EXPECT_EQ(onCard<QLabel>("answerUpperLevelImageView")->isVisible(), isOn);
+        EXPECT_EQ(onCard<QLabel>("answerArrowImageView")->isVisible(), isOn);
+        EXPECT_EQ(
+            onCard<QLabel>("cardLeftHelpText")->text(),
+            platform::localized("Quiz", isOn ? "quizCorrectAnswerHelpText" : "quizMisspelledAnswerHelpText"));
+    }
+    EXPECT_EQ(a->level(), 3);
     onCard<QLineEdit>("answerTextField")->setFocus();
     answer("y");
     EXPECT_EQ(a->level(), 4);
     EXPECT_FALSE(knewIt->isChecked());
-    EXPECT_EQ(b->level(), 2);
     QTest::mouseClick(knewIt, Qt::LeftButton);
     onCard<QPushButton>("showStatisticsButton")->setFocus();
     pressReturn();
@@ -152,19 +151,17 @@ TEST_F(TypingQuizTest, WhatAVerdictShows)
         const char *answer;
         quint64 level;
         const char *levels;
-        /** With the box that overrules; null if that is not offered. */
-        const char *overruledLevels;
+        bool offersKnewIt;
         bool offersDontAsk;
         const char *helpKey;
     };
     const Case cases[] = {
-        {"dog", 4, "4 5 rises", nullptr, false, "hasShownQuizHelpCorrectAnswer"},
-        {"dog", 5, "5", nullptr, true, nullptr},
-        {"dgo", 2, "2", "2 3 rises", false, "hasShownQuizHelpMisspelledAnswer"},
-        {"dgo", 5, "5", "5 5", false, nullptr},
-        {"xxx", 0, "0", "0 1 rises", false, nullptr},
-        {"xxx", 1, "0 1 falls", "1 2 rises", false, "hasShownQuizHelpWrongAnswer"},
-        {"", 5, "2 5 falls", "5 5 rises", false, nullptr},
+        {"dog", 4, "Long term, Native", false, false, "hasShownQuizHelpCorrectAnswer"},
+        {"dog", 5, "Native", false, true, nullptr},
+        {"dgo", 2, "Short term", true, false, "hasShownQuizHelpMisspelledAnswer"},
+        {"xxx", 0, "Unknown", true, false, nullptr},
+        {"xxx", 1, "Unknown, Ultra short", true, false, "hasShownQuizHelpWrongAnswer"},
+        {"", 5, "Short term, Native", true, false, nullptr},
     };
     for (const Case &c : cases) {
         m_words = QuizWords();
@@ -174,19 +171,14 @@ TEST_F(TypingQuizTest, WhatAVerdictShows)
         services.settings.writtenKeys.clear();
         answer(c.answer);
         SCOPED_TRACE(c.answer + std::to_string(c.level));
-        const auto levels = [this] {
-            return shownLevels(m_view.page(card), "answerLowerLevelImageView", "answerUpperLevelImageView",
-                               "answerArrowImageView");
-        };
-        EXPECT_EQ(levels(), QLatin1String(c.levels));
-        auto *knewIt = onCard<QCheckBox>("iKnewItCheckBox");
-        EXPECT_EQ(knewIt->isVisible(), c.overruledLevels != nullptr);
-        if (c.overruledLevels) {
-            knewIt->click();
-            EXPECT_EQ(levels(), QLatin1String(c.overruledLevels));
-            knewIt->click();
-            EXPECT_EQ(levels(), QLatin1String(c.levels));
+        QStringList levels;
+        for (const char *name : {"answerLowerLevelImageView", "answerUpperLevelImageView"}) {
+            if (onCard<QLabel>(name)->isVisible())
+                levels.append(onCard<QLabel>(name)->accessibleName());
         }
+        EXPECT_EQ(levels.join(QLatin1String(", ")), QLatin1String(c.levels));
+        EXPECT_EQ(onCard<QLabel>("answerArrowImageView")->isVisible(), levels.size() == 2);
+        EXPECT_EQ(onCard<QCheckBox>("iKnewItCheckBox")->isVisible(), c.offersKnewIt);
         EXPECT_EQ(onCard<QCheckBox>("dontAskAgainCheckBox")->isVisible(), c.offersDontAsk);
         EXPECT_EQ(onCard<QLabel>("cardLeftHelpText")->isVisible(), c.helpKey != nullptr);
         EXPECT_EQ(services.settings.writtenKeys,
@@ -225,16 +217,6 @@ TEST_F(TypingQuizTest, ASynonymOnTheLastQuestionAsksTheWordOnceMore)
     EXPECT_EQ(m_typing.nextWord(), asked);
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 1"));
     EXPECT_EQ(m_view.card()->leftStartColor(), QColor::fromRgbF(0.83f, 0.89f, 0.91f));
-}
-
-TEST_F(TypingQuizTest, MisspelledWordsAloneOfferNoRestart)
-{
-    start({m_words.add("Hund", "dog")});
-    answer("dgo");
-    pressReturn();
-    pass();
-    EXPECT_EQ(m_typing.judge().wrongAnsweredWords().size(), 1);
-    EXPECT_TRUE(on<QWidget>(result, "restartWithWrongButton")->isHidden());
 }
 
 TEST_F(TypingQuizTest, TheIntroFollowsThePercentage)
@@ -340,7 +322,7 @@ TEST_F(TypingQuizTest, ARunThatWasLeftStaysOnItsVocabularyAndDoesNotComeBackByIt
     m_setup.showQuiz();
     pass();
     EXPECT_EQ(m_view.currentPage(), QuizView::setupPage);
-    EXPECT_EQ(m_typing.judge().numberOfAnswers(), 1);
+    EXPECT_EQ(m_typing.run().numberOfAnswers(), 1);
 }
 
 TEST_F(TypingQuizTest, AWindowClosedInTheMiddleOfAFlipIsHarmless)

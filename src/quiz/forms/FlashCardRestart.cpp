@@ -1,11 +1,20 @@
 #include "quiz/forms/FlashCardRestart.h"
 
+#include "platform/Services.h"
 #include "platform/Texts.h"
 #include "quiz/forms/CardStyle.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int countdownSeconds = 5;
+
+}
 
 FlashCardRestart::FlashCardRestart(QWidget *parent)
     : QWidget(parent)
@@ -24,15 +33,37 @@ FlashCardRestart::FlashCardRestart(QWidget *parent)
     row->addWidget(m_countdownField);
     row->addStretch(1);
     connect(m_button, &QPushButton::clicked, this,
-            [this] { m_isRunning ? emit stopRequested() : emit startRequested(); });
-    showCountdown(-1);
+            [this] { m_restartCountdown >= 0 ? endCountdown() : restartCountdown(); });
+    showCountdown();
 }
 
-void FlashCardRestart::showCountdown(int secondsLeft)
+void FlashCardRestart::restartCountdown()
 {
-    m_isRunning = secondsLeft >= 0;
-    m_button->setText(m_isRunning ? platform::localized("Learn", "countdownStop")
-                                  : platform::localized("Learn", "countdownInfo"));
-    m_countdownField->setVisible(m_isRunning);
-    m_countdownField->setText(QStringLiteral("%1s").arg(secondsLeft));
+    if (m_restartCountdown < 0) {
+        m_restartCountdown = countdownSeconds;
+        m_timer = platform::clock().startTimer(1s, true, [this] { restartCountdown(); });
+    } else if (m_restartCountdown == 0) {
+        endCountdown();
+        emit restartRequested();
+        return;
+    } else {
+        --m_restartCountdown;
+    }
+    showCountdown();
+}
+
+void FlashCardRestart::endCountdown()
+{
+    m_timer.reset();
+    m_restartCountdown = -1;
+    showCountdown();
+}
+
+void FlashCardRestart::showCountdown()
+{
+    const bool isRunning = m_restartCountdown >= 0;
+    m_button->setText(isRunning ? platform::localized("Learn", "countdownStop")
+                                : platform::localized("Learn", "countdownInfo"));
+    m_countdownField->setVisible(isRunning);
+    m_countdownField->setText(QStringLiteral("%1s").arg(m_restartCountdown));
 }

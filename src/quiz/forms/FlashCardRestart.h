@@ -1,6 +1,10 @@
 #pragma once
 
+#include "platform/Clock.h"
+
 #include <QWidget>
+
+#include <memory>
 
 class QLabel;
 class QPushButton;
@@ -13,15 +17,20 @@ class FlashCardRestart : public QWidget
 public:
     explicit FlashCardRestart(QWidget *parent);
 
-    /** Seconds left; below 0: no countdown runs. */
-    void showCountdown(int secondsLeft);
+    /** One second of the countdown; the first call starts it. */
+    void restartCountdown();
+    void endCountdown();
 
 signals:
-    void startRequested();
-    void stopRequested();
+    /** The countdown has run out. */
+    void restartRequested();
 
 private:
+    void showCountdown();
+
     QPushButton *m_button = nullptr;
     QLabel *m_countdownField = nullptr;
-    bool m_isRunning = false;
+    std::unique_ptr<platform::Timer> m_timer;
+    /** Seconds left; below 0 when none runs. */
+    int m_restartCountdown = -1;
 };

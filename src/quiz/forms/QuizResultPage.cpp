@@ -1,6 +1,7 @@
 #include "quiz/forms/QuizResultPage.h"
 
 #include "platform/Texts.h"
+#include "quiz/QuizRun.h"
 #include "quiz/forms/CardStyle.h"
 #include "quiz/forms/ReturnKey.h"
 #include "ui_QuizResultPage.h"
@@ -41,32 +42,32 @@ void QuizResultPage::localize()
     m_ui->pieChart->setAccessibleName(platform::localized("Quiz", "pieChart"));
 }
 
-void QuizResultPage::setResult(const QuizResult &result, std::function<void()> restart)
+void QuizResultPage::setResult(const RunResult &result, const QString &betweenLabel,
+                               std::function<void()> restart)
 {
     m_restart = std::move(restart);
     m_ui->extraPlace->hide();
-    const double total = double(std::max<qint64>(result.total, 1));
-    const double correctPercent = double(result.correct) / total * 100.0;
-    const double betweenPercent = double(result.between) / total * 100.0;
-    m_ui->statisticsIntro->setText(introForPercent(correctPercent));
-    m_ui->pieChart->setCorrectPercent(correctPercent / 100.0);
-    m_ui->pieChart->setMisspelledPercent(betweenPercent / 100.0);
-    m_ui->misspelledLabel->setText(result.betweenLabel);
-    const auto ofTotal = [&result](qint64 number) {
-        return QStringLiteral("%1 / %2").arg(QString::number(number), QString::number(result.total));
-    };
+    m_ui->statisticsIntro->setText(introForPercent(result.correctPercent()));
+    m_ui->pieChart->setCorrectPercent(result.correctPercent() / 100.0);
+    m_ui->pieChart->setMisspelledPercent(result.betweenPercent() / 100.0);
+    m_ui->misspelledLabel->setText(betweenLabel);
+    m_ui->statisticsCorrect->setText(countText(result.correct, result));
+    m_ui->statisticsMissspelled->setText(countText(result.between, result));
+    m_ui->statisticsWrong->setText(countText(result.wrong, result));
     const auto percent = [](double value) {
         return platform::localized("Quiz", "percent").arg(QLocale().toString(value, 'f', 0));
     };
-    m_ui->statisticsCorrect->setText(ofTotal(result.correct));
-    m_ui->statisticsMissspelled->setText(ofTotal(result.between));
-    m_ui->statisticsWrong->setText(ofTotal(result.wrong));
-    m_ui->correctPercent->setText(percent(correctPercent));
-    m_ui->misspelledPercent->setText(percent(betweenPercent));
+    m_ui->correctPercent->setText(percent(result.correctPercent()));
+    m_ui->misspelledPercent->setText(percent(result.betweenPercent()));
     m_ui->restartWithWrongButton->setVisible(result.canRestartWithWrong);
     m_ui->restartWithWrongButton->setEnabled(result.canRestartWithWrong);
     CardStyle::makeDefault(m_ui->restartWithWrongButton, result.canRestartWithWrong);
     CardStyle::makeDefault(m_ui->newQuizButton, !result.canRestartWithWrong);
+}
+
+QString QuizResultPage::countText(qint64 number, const RunResult &result)
+{
+    return QStringLiteral("%1 / %2").arg(QString::number(number), QString::number(result.total));
 }
 
 QPushButton *QuizResultPage::defaultButton() const

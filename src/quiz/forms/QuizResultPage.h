@@ -6,24 +6,11 @@
 #include <memory>
 
 class QPushButton;
+struct RunResult;
 
 namespace Ui {
 class QuizResultPage;
 }
-
-/** What a run came to. */
-struct QuizResult
-{
-    qint64 correct = 0;
-    /** Misspelled, or skipped: what is neither right nor wrong. */
-    qint64 between = 0;
-    qint64 wrong = 0;
-    /** Of how many; the percentages are taken of this number. */
-    qint64 total = 0;
-    /** The user's word for what is between. */
-    QString betweenLabel;
-    bool canRestartWithWrong = false;
-};
 
 /** The result page, with its pie chart and the two ways to go on. */
 class QuizResultPage : public QWidget
@@ -34,8 +21,11 @@ public:
     explicit QuizResultPage(QWidget *parent = nullptr);
     ~QuizResultPage() override;
 
-    /** Fills the page. Restart is called by restartWithWrongButton until the next result comes. */
-    void setResult(const QuizResult &result, std::function<void()> restart);
+    /**
+     * Fills the page. The label is the user's word for what is between right and wrong. Restart is called by
+     * restartWithWrongButton until the next result comes.
+     */
+    void setResult(const RunResult &result, const QString &betweenLabel, std::function<void()> restart);
     /** What newQuizButton does. */
     void setNewQuizAction(std::function<void()> action) { m_newQuiz = std::move(action); }
     /** Puts the focus on the button that Return presses. */
@@ -45,6 +35,8 @@ public:
 
     /** The text of the intro for so many percent. */
     static QString introForPercent(double correctPercent);
+    /** So many of how many. */
+    static QString countText(qint64 number, const RunResult &result);
 
 private:
     void localize();

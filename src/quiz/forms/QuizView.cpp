@@ -1,6 +1,7 @@
 #include "quiz/forms/QuizView.h"
 
 #include "platform/Texts.h"
+#include "quiz/QuizRun.h"
 #include "quiz/forms/CardStyle.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "widgets/CardFlip.h"
@@ -16,8 +17,8 @@
 namespace {
 
 constexpr int margin = 20;
-constexpr QSize smallestCard(740, 420);
-constexpr QSize largestCard(1160, 680);
+constexpr QSize minCardSize(740, 420);
+constexpr QSize maxCardSize(1160, 680);
 
 } // namespace
 
@@ -27,8 +28,8 @@ QuizView::QuizView(QWidget *parent)
     m_card = new TAVCardView(this);
     m_card->setObjectName(QStringLiteral("card"));
     m_card->setPalette(CardStyle::palette(palette()));
-    m_card->setMinimumSize(smallestCard);
-    m_card->setMaximumSize(largestCard);
+    m_card->setMinimumSize(minCardSize);
+    m_card->setMaximumSize(maxCardSize);
     m_flip = new CardFlip(m_card, this);
 
     m_tabView = new QStackedWidget(m_card);
@@ -62,7 +63,7 @@ QWidget *QuizView::makeBand()
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     policy.setRetainSizeWhenHidden(true);
     band->setSizePolicy(policy);
-    band->setMaximumWidth(largestCard.width());
+    band->setMaximumWidth(maxCardSize.width());
 
     m_progressIndicator = new TAVProgressBar(band);
     m_progressIndicator->setObjectName(QStringLiteral("progressIndicator"));
@@ -98,11 +99,14 @@ void QuizView::showPage(Page page)
     m_tabView->setCurrentIndex(page);
 }
 
-void QuizView::setProgressStatus(qint64 question, qint64 total)
+void QuizView::showProgress(const RunProgress &progress)
 {
     const QLocale locale;
-    m_statusText->setText(
-        platform::localized("Quiz", "progressStatus").arg(locale.toString(question), locale.toString(total)));
+    const qint64 question = std::min(progress.reached, progress.total);
+    m_statusText->setText(platform::localized("Quiz", "progressStatus")
+                              .arg(locale.toString(question), locale.toString(progress.total)));
+    m_progressIndicator->setTotal(quint64(progress.total));
+    m_progressIndicator->setProgress(quint64(progress.reached), quint64(progress.correct));
 }
 
 void QuizView::setProgressVisible(bool visible)

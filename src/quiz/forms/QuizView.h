@@ -8,6 +8,7 @@ class QStackedWidget;
 class QuizResultPage;
 class TAVCardView;
 class TAVProgressBar;
+struct RunProgress;
 
 /**
  * The content of the quiz tab: one card with five pages, and below it the progress of the run. The
@@ -34,8 +35,8 @@ public:
 
     QLabel *statusText() const { return m_statusText; }
     TAVProgressBar *progressIndicator() const { return m_progressIndicator; }
-    /** The line "question so and so of so many". */
-    void setProgressStatus(qint64 question, qint64 total);
+    /** The line "question so and so of so many", and the bar beside it. */
+    void showProgress(const RunProgress &progress);
     /** The whole band below the card; it keeps its place when hidden, so that the card doesn't move. */
     void setProgressVisible(bool visible);
 

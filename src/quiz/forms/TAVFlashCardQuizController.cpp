@@ -1,16 +1,12 @@
 #include "quiz/forms/TAVFlashCardQuizController.h"
 
-#include "app/ground/SettingsKeys.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
-#include "quiz/AnswerJudge.h"
 #include "quiz/forms/CardStyle.h"
 #include "quiz/forms/FlashCardRestart.h"
 #include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/ReturnKey.h"
-#include "storage/TAVStorageManager.h"
-#include "sync/DropBoxController.h"
 #include "ui_TAVFlashCardQuiz.h"
 #include "usage/RatingPrompt.h"
 #include "views/editor/TAVWordPopoverController.h"
@@ -18,7 +14,6 @@
 #include "widgets/CardText.h"
 #include "widgets/Icons.h"
 #include "widgets/TAVCardView.h"
-#include "widgets/TAVProgressBar.h"
 
 #include <QShortcut>
 
@@ -31,23 +26,14 @@ constexpr std::chrono::milliseconds questionDelay = 10ms;
 constexpr std::chrono::milliseconds correctMarkDelay = 600ms;
 /** Shorter than the other: what was not known is not looked at any longer. */
 constexpr std::chrono::milliseconds wrongMarkDelay = 500ms;
-constexpr int usualSpeed = 2;
-constexpr int countdownSeconds = 5;
 enum ButtonsPage { markButtons, showButton };
-
-/** The preview of a fall. It shows one level less even where a wrong answer pulls the word further down. */
-quint64 levelBelow(quint64 level)
-{
-    if (level >= 4)
-        return 3;
-    return level > 0 ? level - 1 : 0;
-}
 
 } // namespace
 
-TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view)
+TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view, VocabularyDocument &document)
     : m_view(view)
     , m_ui(std::make_unique<Ui::TAVFlashCardQuiz>())
+    , m_run(*this, document)
 {
     QWidget *page = m_view->page(QuizView::flashCardPage);
     m_ui->setupUi(page);
@@ -82,11 +68,7 @@ TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view)
     page->installEventFilter(this);
     m_view->result()->installEventFilter(this);
 
-    const bool hasStoredSpeed = platform::settings().boolean(settingskeys::learnHasSetTimeout);
-    m_ui->flipTimeoutSlider->setValue(
-        hasStoredSpeed ? int(std::clamp<qint64>(platform::settings().integer(settingskeys::learnFlipLevel), 0,
-                                                m_ui->flipTimeoutSlider->maximum()))
-                       : usualSpeed);
+    m_ui->flipTimeoutSlider->setValue(FlashCardPace::fromSettings().position);
     changeFlipTimeout();
 }
 
@@ -120,8 +102,9 @@ void TAVFlashCardQuizController::connectControls()
     connect(m_ui->stopButton, &QPushButton::clicked, this, &Self::showStatistics);
     connect(m_ui->flipTimeoutSlider, &QSlider::valueChanged, this, &Self::changeFlipTimeout);
     connect(m_ui->editButton, &QPushButton::clicked, this, &Self::editCurrentWord);
-    connect(m_restartControls, &FlashCardRestart::startRequested, this, &Self::restartCountdown);
-    connect(m_restartControls, &FlashCardRestart::stopRequested, this, &Self::endRestartCountdown);
+    connect(m_ui->dontAskAgainCheckBox, &QCheckBox::toggled, this,
+            [this](bool isOn) { m_run.setIsExcluded(isOn); });
+    connect(m_restartControls, &FlashCardRestart::restartRequested, this, &Self::startAgain);
     new ReturnKey(m_view->page(QuizView::flashCardPage), [this] {
         if (!m_isAutoPlay)
             showNext();
@@ -166,7 +149,7 @@ bool TAVFlashCardQuizController::eventFilter(QObject *watched, QEvent *event)
             stopPlaying();
             m_editor->hidePanel();
         } else {
-            endRestartCountdown();
+            m_restartControls->endCountdown();
         }
     } else if (event->type() == QEvent::Resize && watched == page) {
         m_ui->showAnswerHiddenButton->setGeometry(page->rect());
@@ -184,18 +167,9 @@ void TAVFlashCardQuizController::scheduleOnPage(QuizView::Page page, Step step)
 
 void TAVFlashCardQuizController::changeFlipTimeout()
 {
-    struct Speed
-    {
-        int flipTimeout;
-        int showAnswerTimeout;
-    };
-    constexpr Speed speeds[] = {{0, 0}, {3, 5}, {2, 3}, {1, 2}};
     const int position = m_ui->flipTimeoutSlider->value();
-    const Speed speed = speeds[position >= 0 && position <= 2 ? position : 3];
-    m_flipTimeout = speed.flipTimeout;
-    m_showAnswerTimeout = speed.showAnswerTimeout;
-    platform::settings().setValue(settingskeys::learnFlipLevel, position);
-    platform::settings().setValue(settingskeys::learnHasSetTimeout, true);
+    m_pace = FlashCardPace::ofPosition(position);
+    m_pace.store();
     m_ui->playButton->setEnabled(position > 0);
     // Without a pace, the words would run through faster than anybody can read.
     if (position == 0 && m_isAutoPlay)
@@ -205,21 +179,16 @@ void TAVFlashCardQuizController::changeFlipTimeout()
 void TAVFlashCardQuizController::startQuiz()
 {
     stopPlaying();
-    endRestartCountdown();
-    beginRun();
+    m_restartControls->endCountdown();
+    m_run.begin();
+    showBeginning();
 }
 
-void TAVFlashCardQuizController::beginRun()
+void TAVFlashCardQuizController::showBeginning()
 {
-    m_numberOfCorrect = 0;
-    m_numberOfWrong = 0;
-    m_numberOfSkipped = 0;
-    m_wrongAnsweredWords.clear();
     m_view->card()->setIsSplit(false);
     m_isShowingSolution = false;
-    m_isQuestionComing = false;
-    m_currentWord = nextWordToAsk();
-    showProgress();
+    m_view->showProgress(m_run.progress());
     m_view->statusText()->show();
     m_view->setProgressVisible(true);
     setQuestion();
@@ -228,19 +197,10 @@ void TAVFlashCardQuizController::beginRun()
         togglePlay();
 }
 
-void TAVFlashCardQuizController::showProgress()
-{
-    const qint64 reached = m_numberOfCorrect + m_numberOfWrong + m_numberOfSkipped + 1;
-    m_view->setProgressStatus(std::min(reached, numberOfWordsToAsk()), numberOfWordsToAsk());
-    m_view->progressIndicator()->setTotal(quint64(numberOfWordsToAsk()));
-    m_view->progressIndicator()->setProgress(quint64(reached), quint64(m_numberOfCorrect));
-}
-
 void TAVFlashCardQuizController::setQuestion()
 {
     m_autoPlayTimer.reset();
     m_isQuestionComing = false;
-    m_lastAskedForeign = drawDirection();
     m_ui->correctButton->setChecked(false);
     m_ui->wrongButton->setChecked(false);
     m_ui->dontAskAgainCheckBox->setChecked(false);
@@ -251,24 +211,23 @@ void TAVFlashCardQuizController::setQuestion()
     m_ui->deletedImageView->hide();
     m_ui->buttonsTabView->setCurrentIndex(showButton);
 
-    const quint64 level = m_currentWord->level();
+    const quint64 level = currentWord()->level();
     LevelPicture::showLevel(m_ui->levelImageView, level);
-    LevelPicture::showLevel(m_ui->upperLevelImageView, AnswerJudge::levelAbove(level));
-    LevelPicture::showLevel(m_ui->lowerLevelImageView, levelBelow(level));
+    LevelPicture::showLevel(m_ui->upperLevelImageView, FlashCardRun::levelAbove(level));
+    LevelPicture::showLevel(m_ui->lowerLevelImageView, FlashCardRun::levelBelow(level));
     showMarks();
     // The keys of this page work wherever the last click has left the focus.
     m_view->page(QuizView::flashCardPage)->setFocus();
     if (m_isAutoPlay)
-        armAutoPlay(m_showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
+        armAutoPlay(m_pace.showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
 }
 
 void TAVFlashCardQuizController::showTexts()
 {
-    m_ui->questionTextField->setWord(AnswerJudge::questionText(*m_currentWord, m_lastAskedForeign),
-                                     CardText::questionLimit);
-    m_ui->correctAnswerTextField->setWord(AnswerJudge::expectedText(*m_currentWord, m_lastAskedForeign),
-                                          CardText::answerLimit);
-    m_ui->commentTextField->setText(m_currentWord->comment());
+    const TAVWord &word = *currentWord();
+    m_ui->questionTextField->setWord(m_run.questionText(word), CardText::questionLimit);
+    m_ui->correctAnswerTextField->setWord(m_run.expectedText(word), CardText::answerLimit);
+    m_ui->commentTextField->setText(word.comment());
 }
 
 void TAVFlashCardQuizController::flip(bool reverse, const std::function<void()> &change)
@@ -291,7 +250,7 @@ void TAVFlashCardQuizController::flipSetQuestionAndReverseDirection(bool reverse
 void TAVFlashCardQuizController::showSolution()
 {
     m_showNextTimer.reset();
-    if (!m_currentWord || m_isQuestionComing || m_isShowingSolution)
+    if (!currentWord() || m_isQuestionComing || m_isShowingSolution)
         return;
     flip(true, [this] {
         m_isShowingSolution = true;
@@ -299,10 +258,9 @@ void TAVFlashCardQuizController::showSolution()
         m_ui->correctAnswerTextField->show();
         m_ui->commentTextField->show();
         if (m_isAutoPlay)
-            armAutoPlay(m_flipTimeout, &TAVFlashCardQuizController::showNext);
-        const bool isNative = m_currentWord->level() >= 5;
-        m_ui->dontAskAgainCheckBox->setEnabled(isNative);
-        m_ui->dontAskAgainCheckBox->setVisible(isNative);
+            armAutoPlay(m_pace.flipTimeout, &TAVFlashCardQuizController::showNext);
+        m_ui->dontAskAgainCheckBox->setEnabled(m_run.offersExclusion());
+        m_ui->dontAskAgainCheckBox->setVisible(m_run.offersExclusion());
         m_ui->dontAskAgainCheckBox->setChecked(false);
         m_ui->editButton->setEnabled(true);
         m_ui->buttonsTabView->setCurrentIndex(markButtons);
@@ -323,18 +281,28 @@ void TAVFlashCardQuizController::markWrong()
     showMarks();
 }
 
+CardMark TAVFlashCardQuizController::mark() const
+{
+    if (m_ui->wrongButton->isChecked())
+        return CardMark::notKnown;
+    return m_ui->correctButton->isChecked() ? CardMark::known : CardMark::none;
+}
+
 void TAVFlashCardQuizController::showMarks()
 {
-    const bool isCorrect = m_ui->correctButton->isChecked();
-    const bool isWrong = m_ui->wrongButton->isChecked();
-    if (isCorrect)
+    switch (mark()) {
+    case CardMark::known:
         m_view->card()->setColorCorrect();
-    else if (isWrong)
+        break;
+    case CardMark::notKnown:
         m_view->card()->setColorWrong();
-    else
+        break;
+    case CardMark::none:
         m_view->card()->setColorNeutral();
-    const bool rises = isCorrect && m_currentWord->level() < 5;
-    const bool falls = isWrong && m_currentWord->level() > 0;
+        break;
+    }
+    const bool rises = mark() == CardMark::known && currentWord()->level() < QuizRun::maxLevel;
+    const bool falls = mark() == CardMark::notKnown && currentWord()->level() > 0;
     m_ui->upperLevelImageView->setVisible(rises);
     m_ui->upArrowImageView->setVisible(rises);
     m_ui->lowerLevelImageView->setVisible(falls);
@@ -357,15 +325,15 @@ void TAVFlashCardQuizController::armShowNext(std::chrono::milliseconds delay)
 void TAVFlashCardQuizController::showNext()
 {
     m_showNextTimer.reset();
-    if (!m_currentWord || m_isQuestionComing)
+    if (!currentWord() || m_isQuestionComing)
         return;
     const bool wasPlaying = m_autoPlayTimer != nullptr;
     m_autoPlayTimer.reset();
     if (wasPlaying && m_isAutoPlay) {
         if (m_isShowingSolution)
-            armAutoPlay(m_showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
+            armAutoPlay(m_pace.showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
         else
-            armAutoPlay(m_flipTimeout, &TAVFlashCardQuizController::showNext);
+            armAutoPlay(m_pace.flipTimeout, &TAVFlashCardQuizController::showNext);
     }
     if (!wasPlaying && !m_isShowingSolution) {
         showSolution();
@@ -373,10 +341,10 @@ void TAVFlashCardQuizController::showNext()
     }
 
     m_isShowingSolution = false;
-    bookAnswer();
-    takeDontAskAgain();
-    m_currentWord = nextWordToAsk();
-    if (m_currentWord) {
+    m_run.book(mark());
+    m_ui->dontAskAgainCheckBox->setChecked(false);
+    m_run.askNext();
+    if (currentWord()) {
         m_isQuestionComing = true;
         platform::clock().callAfter(questionDelay, this, [this] {
             if (m_isQuestionComing)
@@ -387,39 +355,8 @@ void TAVFlashCardQuizController::showNext()
             togglePlay();
         showStatistics();
     }
-    showProgress();
-    save();
-}
-
-void TAVFlashCardQuizController::bookAnswer()
-{
-    if (m_ui->wrongButton->isChecked()) {
-        ++m_numberOfWrong;
-        m_wrongAnsweredWords.append(m_currentWord);
-        vocabulary()->answeredWord(m_currentWord, -1);
-    } else if (m_ui->correctButton->isChecked()) {
-        ++m_numberOfCorrect;
-        vocabulary()->answeredWord(m_currentWord, 1);
-    } else {
-        ++m_numberOfSkipped;
-        vocabulary()->answeredWord(m_currentWord, 0);
-    }
-}
-
-void TAVFlashCardQuizController::takeDontAskAgain()
-{
-    if (!m_ui->dontAskAgainCheckBox->isChecked())
-        return;
-    m_currentWord->setDontAskAgain(true);
-    vocabulary()->invalidateCachedWordLists();
-    m_ui->dontAskAgainCheckBox->setChecked(false);
-}
-
-void TAVFlashCardQuizController::save()
-{
-    vocabulary()->setNeedsSync(true);
-    DropBoxController::sharedManager()->markFileAsNeedsSync(*vocabulary());
-    TAVStorageManager::saveVocabulary(vocabulary());
+    m_view->showProgress(m_run.progress());
+    m_run.saveCard();
 }
 
 void TAVFlashCardQuizController::togglePlay()
@@ -427,9 +364,9 @@ void TAVFlashCardQuizController::togglePlay()
     m_autoPlayTimer.reset();
     m_isAutoPlay = !m_isAutoPlay;
     if (m_isAutoPlay && m_isShowingSolution)
-        armAutoPlay(m_flipTimeout, &TAVFlashCardQuizController::showNext);
+        armAutoPlay(m_pace.flipTimeout, &TAVFlashCardQuizController::showNext);
     else if (m_isAutoPlay)
-        armAutoPlay(m_showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
+        armAutoPlay(m_pace.showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
     showPlayState();
 }
 
@@ -459,34 +396,18 @@ void TAVFlashCardQuizController::showStatistics()
 void TAVFlashCardQuizController::executeShowStatistics()
 {
     stopPlaying();
-    endRestartCountdown();
+    m_restartControls->endCountdown();
     m_isQuestionComing = false;
     m_view->flip()->flipFirstHalf();
     m_view->card()->setIsSplit(false);
-    if (m_currentWord) {
-        takeDontAskAgain();
-        const bool isMarked = m_ui->correctButton->isChecked() || m_ui->wrongButton->isChecked();
-        if (m_isShowingSolution && isMarked) {
-            bookAnswer();
-            vocabulary()->setNeedsSync(true);
-            DropBoxController::sharedManager()->markFileAsNeedsSync(*vocabulary());
-        }
-    }
+    m_run.end(m_isShowingSolution ? mark() : CardMark::none);
+    m_ui->dontAskAgainCheckBox->setChecked(false);
     m_isShowingSolution = false;
-    m_currentWord.reset();
-    TAVStorageManager::saveVocabulary(vocabulary());
-    DropBoxController::sharedManager()->syncWithDropbox();
 
     m_view->showPage(QuizView::resultPage);
-    QuizResult result;
-    result.correct = m_numberOfCorrect;
-    result.between = m_numberOfSkipped;
-    result.betweenLabel = platform::localized("Learn", "skipped");
-    result.wrong = m_numberOfWrong;
-    result.total = numberOfWordsToAsk();
-    result.canRestartWithWrong = m_numberOfWrong > 0 && !m_wrongAnsweredWords.isEmpty();
     m_view->card()->setColorNeutral();
-    m_view->result()->setResult(result, [this] { restartQuizWithWrong(); });
+    m_view->result()->setResult(m_run.result(), platform::localized("Learn", "skipped"),
+                                [this] { restartQuizWithWrong(); });
     m_view->result()->extraPlace()->show();
     m_view->result()->focusDefaultButton();
     m_view->flip()->flipSecondHalf();
@@ -501,53 +422,39 @@ void TAVFlashCardQuizController::restartQuizWithWrong()
 
 void TAVFlashCardQuizController::executeRestartQuizWithWrong()
 {
-    if (m_wrongAnsweredWords.isEmpty())
+    if (m_run.wrongAnsweredWords().isEmpty())
         return;
-    endRestartCountdown();
+    m_restartControls->endCountdown();
     m_view->flip()->flipFirstHalf();
-    setAskIndex(-1);
-    mutableWordsToAsk() = m_wrongAnsweredWords;
-    setNumberOfWordsToAsk(wordsToAsk().size());
-    beginRun();
+    m_run.beginWithWrongWords();
+    showBeginning();
     m_view->showPage(QuizView::flashCardPage);
     m_view->flip()->flipSecondHalf();
 }
 
 void TAVFlashCardQuizController::restartCountdown()
 {
-    if (m_restartCountdown < 0) {
-        m_restartCountdown = countdownSeconds;
-        m_restartCountdownTimer = platform::clock().startTimer(1s, true, [this] { restartCountdown(); });
-    } else if (m_restartCountdown == 0) {
-        endRestartCountdown();
-        if (wordsToAsk().isEmpty())
-            return;
-        m_view->flip()->flipFirstHalf();
-        setWordsToAsk(wordsToAsk());
-        startQuiz();
-        m_view->showPage(QuizView::flashCardPage);
-        m_view->flip()->flipSecondHalf();
-        return;
-    } else {
-        --m_restartCountdown;
-    }
-    m_restartControls->showCountdown(m_restartCountdown);
+    m_restartControls->restartCountdown();
 }
 
-void TAVFlashCardQuizController::endRestartCountdown()
+void TAVFlashCardQuizController::startAgain()
 {
-    m_restartCountdownTimer.reset();
-    m_restartCountdown = -1;
-    m_restartControls->showCountdown(m_restartCountdown);
+    if (wordsToAsk().isEmpty())
+        return;
+    m_view->flip()->flipFirstHalf();
+    setWordsToAsk(wordsToAsk());
+    startQuiz();
+    m_view->showPage(QuizView::flashCardPage);
+    m_view->flip()->flipSecondHalf();
 }
 
 void TAVFlashCardQuizController::editCurrentWord()
 {
-    if (!m_currentWord)
+    if (!currentWord())
         return;
     // Who edits a word needs it to stay.
     stopPlaying();
-    m_editor->showEditWindowForWords({m_currentWord}, vocabulary(), this);
+    m_editor->showEditWindowForWords({currentWord()}, vocabulary(), this);
     m_editor->showBeside(m_ui->editButton, m_ui->editButton->rect());
 }
 
@@ -560,7 +467,7 @@ void TAVFlashCardQuizController::closeAddWordPopover()
 void TAVFlashCardQuizController::wordPopoverDidEditWords(const TAVWordList &)
 {
     m_editor->hidePanel();
-    if (m_currentWord)
+    if (currentWord())
         showTexts();
 }
 
@@ -569,22 +476,9 @@ void TAVFlashCardQuizController::wordPopoverDidDeleteWords(const TAVWordList &wo
     m_ui->editButton->setEnabled(false);
     m_ui->deletedImageView->show();
     m_editor->hidePanel();
-    if (words.contains(m_currentWord))
+    if (words.contains(currentWord()))
         showNext();
-    for (const TAVWordRef &word : words) {
-        m_wrongAnsweredWords.removeAll(word);
-        forgetDeletedWord(word);
-    }
-}
-
-void TAVFlashCardQuizController::forgetDeletedWord(const TAVWordRef &word)
-{
-    const qsizetype index = wordsToAsk().indexOf(word);
-    if (index < 0)
-        return;
-    mutableWordsToAsk().removeAt(index);
-    if (index <= askIndex())
-        setAskIndex(askIndex() - 1);
+    m_run.forgetWords(words);
 }
 
 void TAVFlashCardQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "quiz/FlashCardPace.h"
+#include "quiz/FlashCardRun.h"
 #include "quiz/forms/QuizForm.h"
 #include "views/editor/TAVWordPopoverDelegate.h"
 
@@ -25,8 +27,8 @@ class TAVFlashCardQuizController : public QObject, public QuizForm, public TAVWo
     Q_OBJECT
 
 public:
-    /** The view must outlive the controller. */
-    explicit TAVFlashCardQuizController(QuizView *view);
+    /** Both must outlive the controller. */
+    TAVFlashCardQuizController(QuizView *view, VocabularyDocument &document);
     ~TAVFlashCardQuizController() override;
 
     void startQuiz() override;
@@ -52,13 +54,10 @@ public:
     void editCurrentWord();
     void closeAddWordPopover();
 
-    const TAVWordRef &currentWord() const { return m_currentWord; }
-    const TAVWordList &wrongAnsweredWords() const { return m_wrongAnsweredWords; }
+    const TAVWordRef &currentWord() const { return m_run.askedWord(); }
+    const FlashCardRun &run() const { return m_run; }
     bool isShowingSolution() const { return m_isShowingSolution; }
     bool isAutoPlay() const { return m_isAutoPlay; }
-    qint64 numberOfCorrect() const { return m_numberOfCorrect; }
-    qint64 numberOfWrong() const { return m_numberOfWrong; }
-    qint64 numberOfSkipped() const { return m_numberOfSkipped; }
 
     void wordPopoverDidEditWords(const TAVWordList &words) override;
     void wordPopoverDidDeleteWords(const TAVWordList &words) override;
@@ -74,13 +73,12 @@ private:
     void connectControls();
     void addShortcuts();
     void scheduleOnPage(QuizView::Page page, Step step);
-    /** So that the next round doesn't ask it. */
-    void forgetDeletedWord(const TAVWordRef &word);
     void executeShowStatistics();
     void executeRestartQuizWithWrong();
-    void endRestartCountdown();
+    void startAgain();
 
-    void beginRun();
+    /** A run has begun. */
+    void showBeginning();
     void setQuestion();
     void flipSetQuestionAndReverseDirection(bool reverse);
     /** Runs the change of the card's content under a flip that pulses. */
@@ -90,32 +88,19 @@ private:
     /** Brings colour, pictures and arrows of the level preview in step with the two marks. */
     void showMarks();
     void showPlayState();
-    void bookAnswer();
-    void takeDontAskAgain();
+    CardMark mark() const;
     void showTexts();
-    void showProgress();
-    void save();
 
     QuizView *m_view;
     std::unique_ptr<Ui::TAVFlashCardQuiz> m_ui;
     std::unique_ptr<TAVWordPopoverController> m_editor;
     FlashCardRestart *m_restartControls = nullptr;
-    TAVWordRef m_currentWord;
-    qint64 m_numberOfCorrect = 0;
-    qint64 m_numberOfWrong = 0;
-    qint64 m_numberOfSkipped = 0;
-    TAVWordList m_wrongAnsweredWords;
-    bool m_lastAskedForeign = true;
+    FlashCardRun m_run;
     bool m_isShowingSolution = false;
     /** The next word is chosen, but the card still shows the one before. */
     bool m_isQuestionComing = false;
     bool m_isAutoPlay = false;
-    /** Seconds that the solution and the question stay in autoplay. */
-    int m_flipTimeout = 0;
-    int m_showAnswerTimeout = 0;
+    FlashCardPace m_pace;
     std::unique_ptr<platform::Timer> m_autoPlayTimer;
     std::unique_ptr<platform::Timer> m_showNextTimer;
-    std::unique_ptr<platform::Timer> m_restartCountdownTimer;
-    /** Seconds left; below 0 when none runs. */
-    int m_restartCountdown = -1;
 };

@@ -2,21 +2,20 @@
 
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
-#include "quiz/AnswerJudge.h"
+#include "quiz/PopupRun.h"
 #include "quiz/forms/QuizForm.h"
 #include "quiz/forms/QuizHub.h"
 #include "views/editor/TAVLanguageTextField.h"
 #include "views/editor/TAVWordPopoverDelegate.h"
 
 #include <QObject>
-#include <QPoint>
 
 #include <functional>
 #include <memory>
 
-class QMouseEvent;
-class QWidget;
+class PopupPanel;
 class TAVWordPopoverController;
+class TypedCard;
 
 namespace Ui {
 class PopupQuiz;
@@ -35,8 +34,9 @@ class TAVPopupQuizController : public QObject,
     Q_OBJECT
 
 public:
-    /** View and hub must outlive the controller. Close: what brings the setup page back. */
-    TAVPopupQuizController(QuizView *view, QuizHub *hub, std::function<void()> showSetup);
+    /** Document, view and hub must outlive the controller. showSetup brings the setup page back. */
+    TAVPopupQuizController(QuizView *view, VocabularyDocument &document, QuizHub *hub,
+                           std::function<void()> showSetup);
     ~TAVPopupQuizController() override;
 
     void startQuiz() override;
@@ -60,9 +60,9 @@ public:
     void editLastWord();
     void closeAddWordPopover();
 
-    QWidget *quizWindow() const { return m_window.get(); }
-    const AnswerJudge &judge() const { return m_judge; }
-    const TAVWordRef &currentWord() const { return m_currentWord; }
+    QWidget *quizWindow() const;
+    const PopupRun &run() const { return m_run; }
+    const TAVWordRef &currentWord() const { return m_run.currentWord(); }
     int questionIntervalMinutes() const { return m_questionIntervalMinutes; }
 
     void wordPopoverDidEditWords(const TAVWordList &words) override;
@@ -71,55 +71,31 @@ public:
     void languageTextFieldDidBecomeActive(TAVLanguageTextField *field) override;
     void languageTextFieldDidLoseFocus(TAVLanguageTextField *) override {}
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     enum Tab { questionTab, answerTab, resultTab };
 
     void localize();
     void connectControls();
-    void restoreSettings();
+    void restoreInterval();
     void setQuestion();
     void showVerdict(Verdict verdict, const QString &answer);
-    void showLevels(quint64 lower, quint64 upper, bool rises, bool moves);
-    void showVerdictLevels();
-    void showLastTexts();
-    void takeCheckBoxes();
-    /** Writes an answer that was judged and isn't in the file yet. */
     void savePendingAnswer();
     void hidePanel();
-    void placePanel();
-    void movePanel(const QPoint &position);
-    void windowDidMove();
     void windowWillClose();
-    void endRun();
-    void drag(const QMouseEvent &event);
+    /** The run is over, however it ended. */
+    void unlock();
     void armTimer();
 
     QuizView *m_view;
     QuizHub *m_hub;
     std::function<void()> m_showSetup;
-    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<PopupPanel> m_window;
     std::unique_ptr<Ui::PopupQuiz> m_ui;
     std::unique_ptr<Ui::PopupQuizRunning> m_running;
     std::unique_ptr<TAVWordPopoverController> m_editor;
-    AnswerJudge m_judge;
-    TAVWordRef m_currentWord;
-    quint64 m_currentWordOriginLevel = 0;
-    Verdict m_lastVerdict = Verdict::correct;
-    bool m_lastAskedForeign = true;
-    bool m_isRunning = false;
-    bool m_hasPendingAnswer = false;
-    bool m_hasCreatedCorrectWordsToAsk = false;
+    PopupRun m_run;
+    std::unique_ptr<TypedCard> m_card;
     int m_questionIntervalMinutes = 5;
     std::unique_ptr<platform::Timer> m_timer;
-    std::unique_ptr<platform::Timer> m_shakeTimer;
-    int m_shakeStep = 0;
-    bool m_ignoreWindowMove = true;
-    double m_windowXPos = 20.0;
-    double m_windowYPos = 20.0;
-    QPoint m_dragStart;
-    bool m_isDragging = false;
     platform::Desktop::Application m_oldApp = 0;
 };

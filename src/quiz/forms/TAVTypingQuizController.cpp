@@ -7,15 +7,13 @@
 #include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/ReturnKey.h"
-#include "storage/TAVStorageManager.h"
-#include "sync/DropBoxController.h"
+#include "quiz/forms/TypedCard.h"
 #include "ui_TAVTypingQuiz.h"
 #include "usage/RatingPrompt.h"
 #include "views/editor/TAVWordPopoverController.h"
 #include "widgets/CardFlip.h"
 #include "widgets/CardText.h"
 #include "widgets/TAVCardView.h"
-#include "widgets/TAVProgressBar.h"
 
 using namespace std::chrono_literals;
 
@@ -24,7 +22,6 @@ namespace {
 constexpr std::chrono::milliseconds stepDelay = 200ms;
 constexpr std::chrono::milliseconds firstFocusDelay = 1s;
 constexpr int markSize = 32;
-constexpr int longestAnswer = 4000;
 
 QString helpText(Verdict verdict)
 {
@@ -40,12 +37,13 @@ QString helpText(Verdict verdict)
 
 } // namespace
 
-TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
+TAVTypingQuizController::TAVTypingQuizController(QuizView *view, VocabularyDocument &document)
     : m_view(view)
     , m_ui(std::make_unique<Ui::TAVTypingQuiz>())
-    , m_judge(*this)
+    , m_run(*this, document)
 {
     m_ui->setupUi(m_view->page(QuizView::typingQuizPage));
+    m_card = std::make_unique<TypedCard>(m_run, m_view->card(), TypedCard::Controls::of(*m_ui));
     m_editor = std::make_unique<TAVWordPopoverController>(m_view->page(QuizView::typingQuizPage));
     for (QLabel *label : {m_ui->answerUpperLevelImageView, m_ui->answerArrowImageView,
                           m_ui->questionLevelImageView, m_ui->deletedImageView})
@@ -60,8 +58,6 @@ TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
         CardStyle::setTextColor(label, CardText::fadedTextColor());
     CardStyle::makeDefault(m_ui->nextButton);
     CardStyle::makeDefault(m_ui->showStatisticsButton);
-    // More can't be typed, only pasted, and would take long to judge.
-    m_ui->answerTextField->setMaxLength(longestAnswer);
     m_ui->answerTextField->setFont(CardText::font(QString(), CardText::answerLimit));
     localize();
     connectControls();
@@ -99,7 +95,7 @@ void TAVTypingQuizController::connectControls()
     connect(m_view->flip(), &CardFlip::animationDidStop, this, &TAVTypingQuizController::focusWhatComesNext);
     m_view->page(QuizView::typingQuizPage)->installEventFilter(this);
     new ReturnKey(m_view->page(QuizView::typingQuizPage),
-                  [this] { m_nextWord ? m_ui->nextButton->click() : m_ui->showStatisticsButton->click(); });
+                  [this] { nextWord() ? m_ui->nextButton->click() : m_ui->showStatisticsButton->click(); });
 }
 
 bool TAVTypingQuizController::eventFilter(QObject *watched, QEvent *event)
@@ -135,21 +131,18 @@ void TAVTypingQuizController::restartQuizWithWrong()
 
 void TAVTypingQuizController::startQuiz()
 {
-    beginRun();
+    m_run.begin();
+    showBeginning();
     platform::clock().callAfter(firstFocusDelay, this, [this] { focusWhatComesNext(); });
 }
 
-void TAVTypingQuizController::beginRun()
+void TAVTypingQuizController::showBeginning()
 {
-    m_judge.beginRun();
     m_view->card()->setIsSplit(true);
-    m_nextWord = nextWordToAsk();
-    m_judge.setLastWord(m_nextWord);
     setQuestion();
     clearLeftHalf();
-    m_view->setProgressStatus(1, numberOfWordsToAsk());
+    m_view->showProgress(m_run.progress());
     m_view->statusText()->setVisible(true);
-    showProgress();
     m_view->setProgressVisible(true);
     showQuestionControls(true);
     const bool showsHelp = !platform::settings().boolean(settingskeys::hasShownQuizHelpQuestion);
@@ -171,10 +164,9 @@ void TAVTypingQuizController::clearLeftHalf()
           m_ui->cardLeftHelpArrow, m_ui->cardLeftHelpText})
         picture->hide();
     setControl(m_ui->editButton, false);
-    for (QCheckBox *box : {m_ui->dontAskAgainCheckBox, m_ui->iKnewItCheckBox}) {
+    for (QCheckBox *box : {m_ui->dontAskAgainCheckBox, m_ui->iKnewItCheckBox})
         setControl(box, false);
-        box->setChecked(false);
-    }
+    m_card->uncheckBoxes();
 }
 
 void TAVTypingQuizController::showQuestionControls(bool visible)
@@ -189,95 +181,61 @@ void TAVTypingQuizController::showQuestionControls(bool visible)
 
 void TAVTypingQuizController::setQuestion()
 {
-    m_lastAskedForeign = drawDirection();
-    selectInputSourceOfAnswer();
-    m_ui->questionTextField->setWord(AnswerJudge::questionText(*m_nextWord, m_lastAskedForeign),
-                                     CardText::questionLimit);
-    m_ui->answerTextField->clear();
-    const QString prompt =
-        platform::localized("Quiz", "answerIn")
-            .arg(m_lastAskedForeign ? vocabulary()->foreignLanguageName() : vocabulary()->yourLanguageName());
-    m_ui->answerTextField->setPlaceholderText(prompt);
-    m_ui->answerTextField->setAccessibleName(prompt);
-    m_ui->questionCommentTextField->setText(m_nextWord->comment());
-    m_ui->questionCommentTextField->setVisible(isShowCommentWithQuestion());
-    LevelPicture::showLevel(m_ui->questionLevelImageView, m_nextWord->level());
-}
-
-void TAVTypingQuizController::selectInputSourceOfAnswer()
-{
-    if (!vocabulary()->isAutoSelectInputSource())
-        return;
-    platform::services().inputSources->selectInputSource(
-        m_lastAskedForeign ? vocabulary()->foreignTextInputSource() : vocabulary()->yourTextInputSource());
+    m_card->selectInputSourceOfAnswer();
+    m_card->showQuestion();
 }
 
 void TAVTypingQuizController::languageTextFieldDidBecomeActive(TAVLanguageTextField *)
 {
-    if (m_nextWord)
-        selectInputSourceOfAnswer();
+    if (nextWord())
+        m_card->selectInputSourceOfAnswer();
 }
 
 void TAVTypingQuizController::executeNext()
 {
     // A second press within the delay may come when the last word has just been answered.
-    if (!m_nextWord)
+    if (!nextWord())
         return;
     if (platform::settings().boolean(settingskeys::hasShownQuizHelpQuestion)) {
         m_ui->cardRightHelpArrow->hide();
         m_ui->cardRightHelpText->hide();
     }
     m_view->flip()->flipFirstHalf();
-    takeCheckBoxes();
 
+    const TAVWordRef asked = nextWord();
     const QString answer = m_ui->answerTextField->text();
-    m_ui->commentTextField->setText(m_nextWord->comment());
-    const Verdict verdict = m_judge.judge(m_nextWord, answer, m_lastAskedForeign);
-    showVerdict(verdict);
+    const Verdict verdict = m_run.answer(answer);
+    m_card->uncheckBoxes();
+    showVerdict(verdict, answer);
+    // Also when a synonym was named, the comment is that of the question.
+    m_ui->commentTextField->setText(asked->comment());
     showLeftHelp(verdict);
-    showLastTexts(verdict, answer);
-    setControl(m_ui->editButton, true);
-    m_ui->deletedImageView->hide();
 
-    m_nextWord = nextWordToAsk();
-    if (m_nextWord) {
+    m_run.askNext();
+    if (nextWord()) {
         setQuestion();
     } else {
         showQuestionControls(false);
         m_view->statusText()->hide();
         m_ui->questionCommentTextField->hide();
     }
-    m_view->setProgressStatus(m_judge.numberOfAnswers() + 1, numberOfWordsToAsk());
-    showProgress();
-
-    vocabulary()->setNeedsSync(true);
-    save();
+    m_view->showProgress(m_run.progress());
+    m_run.saveAnswer();
     m_view->flip()->flipSecondHalf();
     m_view->card()->update();
     focusWhatComesNext();
 }
 
-void TAVTypingQuizController::takeCheckBoxes()
+void TAVTypingQuizController::showVerdict(Verdict verdict, const QString &answer)
 {
-    if (m_ui->dontAskAgainCheckBox->isChecked()) {
-        lastWord()->setDontAskAgain(true);
-        vocabulary()->invalidateCachedWordLists();
-        m_ui->dontAskAgainCheckBox->setChecked(false);
-    }
-    if (m_ui->iKnewItCheckBox->isChecked()) {
-        m_ui->iKnewItCheckBox->setChecked(false);
-        m_judge.takeOverrule();
-    }
-}
-
-void TAVTypingQuizController::showVerdict(Verdict verdict)
-{
-    m_lastVerdict = verdict;
-    showCardColor(verdict);
-    showLevels(verdict);
-    setControl(m_ui->iKnewItCheckBox, !isRight(verdict));
-    setControl(m_ui->dontAskAgainCheckBox, isRight(verdict) && m_judge.lastWordOriginLevel() == 5);
+    m_card->showVerdict(answer);
     showMark(verdict);
+    const bool showsAnswer = TypedCard::showsAnswer(verdict, answer);
+    m_ui->answerWrongCorrectIndicator->setVisible(showsAnswer);
+    m_ui->userAnswerRow->setVisible(showsAnswer);
+    m_ui->correctedAnswerIndicator->setVisible(!isRight(verdict));
+    m_ui->correctAnswerRow->setVisible(!isRight(verdict));
+    setControl(m_ui->editButton, true);
 }
 
 void TAVTypingQuizController::showMark(Verdict verdict)
@@ -294,34 +252,6 @@ void TAVTypingQuizController::showMark(Verdict verdict)
         show(QStringLiteral("strikeout_32"), 0.5, platform::localized("Quiz", "wrong"));
 }
 
-void TAVTypingQuizController::showCardColor(Verdict verdict)
-{
-    switch (verdict) {
-    case Verdict::correct:
-        return m_view->card()->setColorCorrect();
-    case Verdict::correctBySynonym:
-        return m_view->card()->setColorSynonym();
-    case Verdict::misspelled:
-        return m_view->card()->setColorMisspelled();
-    case Verdict::wrong:
-        return m_view->card()->setColorWrong();
-    }
-}
-
-void TAVTypingQuizController::showLevels(Verdict verdict)
-{
-    const quint64 before = m_judge.lastWordOriginLevel();
-    const quint64 after = lastWord()->level();
-    const bool falls = verdict == Verdict::wrong;
-    const bool moves = isRight(verdict) ? before != 5 : falls && before != 0;
-    LevelPicture::showLevel(m_ui->answerLowerLevelImageView, falls ? after : before);
-    LevelPicture::showLevel(m_ui->answerUpperLevelImageView, falls ? before : after);
-    LevelPicture::showArrow(m_ui->answerArrowImageView, !falls);
-    m_ui->answerLowerLevelImageView->show();
-    m_ui->answerUpperLevelImageView->setVisible(moves);
-    m_ui->answerArrowImageView->setVisible(moves);
-}
-
 void TAVTypingQuizController::showLeftHelp(Verdict verdict)
 {
     const QLatin1String key = isRight(verdict) ? settingskeys::hasShownQuizHelpCorrectAnswer
@@ -329,7 +259,7 @@ void TAVTypingQuizController::showLeftHelp(Verdict verdict)
                                   ? settingskeys::hasShownQuizHelpMisspelledAnswer
                                   : settingskeys::hasShownQuizHelpWrongAnswer;
     // A word that stood on the lowest level can't fall, so that there is nothing to explain.
-    const bool explains = verdict != Verdict::wrong || m_judge.lastWordOriginLevel() != 0;
+    const bool explains = verdict != Verdict::wrong || m_run.lastWordOriginLevel() != 0;
     const bool shows = explains && !platform::settings().boolean(key);
     m_ui->cardLeftHelpArrow->setVisible(shows);
     m_ui->cardLeftHelpText->setVisible(shows);
@@ -339,77 +269,22 @@ void TAVTypingQuizController::showLeftHelp(Verdict verdict)
     platform::settings().setValue(key, true);
 }
 
-void TAVTypingQuizController::showLastTexts(Verdict verdict, const QString &answer)
-{
-    const QColor color = isRight(verdict) ? CardText::textColor() : CardText::fadedTextColor();
-    const bool showsAnswer = verdict != Verdict::wrong || !AnswerJudge::isNoAnswer(answer);
-    CardStyle::setTextColor(m_ui->userAnswerTextField, color);
-    m_ui->userAnswerTextField->setWord(answer, CardText::answerLimit);
-    m_ui->userAnswerTextField->setVisible(showsAnswer);
-    m_ui->answerWrongCorrectIndicator->setVisible(showsAnswer);
-    m_ui->correctAnswerTextField->setWord(AnswerJudge::expectedText(*lastWord(), m_lastAskedForeign),
-                                          CardText::answerLimit);
-    m_ui->correctAnswerTextField->setVisible(!isRight(verdict));
-    m_ui->correctedAnswerIndicator->setVisible(!isRight(verdict));
-    m_ui->userAnswerRow->setVisible(showsAnswer);
-    m_ui->correctAnswerRow->setVisible(!isRight(verdict));
-    m_ui->lastQuestionTextField->setWord(AnswerJudge::questionText(*lastWord(), m_lastAskedForeign),
-                                         CardText::lastQuestionLimit);
-}
-
 void TAVTypingQuizController::iKnewIt()
 {
-    const quint64 before = m_judge.lastWordOriginLevel();
-    const quint64 present = lastWord()->level();
-    if (!m_ui->iKnewItCheckBox->isChecked()) {
-        showCardColor(m_judge.lastWrongWasJustMisspelled() ? Verdict::misspelled : Verdict::wrong);
-        showLevels(m_lastVerdict);
-        m_ui->answerUpperLevelImageView->setVisible(before != present);
-        m_ui->answerArrowImageView->setVisible(before != present);
-        m_ui->cardLeftHelpText->setText(helpText(m_lastVerdict));
-        return;
-    }
-    m_view->card()->setColorCorrect();
-    LevelPicture::showLevel(m_ui->answerLowerLevelImageView, before);
-    LevelPicture::showLevel(m_ui->answerUpperLevelImageView, AnswerJudge::levelAbove(before));
-    LevelPicture::showArrow(m_ui->answerArrowImageView, true);
-    m_ui->answerLowerLevelImageView->show();
-    m_ui->answerUpperLevelImageView->show();
-    m_ui->answerArrowImageView->setVisible(present != 5);
-    m_ui->cardLeftHelpText->setText(helpText(Verdict::correct));
-}
-
-void TAVTypingQuizController::showProgress()
-{
-    m_view->progressIndicator()->setTotal(quint64(numberOfWordsToAsk()));
-    m_view->progressIndicator()->setProgress(quint64(m_judge.numberOfAnswers() + 1),
-                                             quint64(m_judge.numberOfCorrect()));
-}
-
-void TAVTypingQuizController::save()
-{
-    DropBoxController::sharedManager()->markFileAsNeedsSync(*vocabulary());
-    TAVStorageManager::saveVocabulary(vocabulary());
+    m_card->showStanding();
+    m_ui->cardLeftHelpText->setText(helpText(m_run.shownVerdict()));
 }
 
 void TAVTypingQuizController::executeShowStatistics()
 {
     m_view->flip()->flipFirstHalf();
     m_view->card()->setIsSplit(false);
-    takeCheckBoxes();
-    save();
-    DropBoxController::sharedManager()->syncWithDropbox();
+    m_run.end();
+    m_card->uncheckBoxes();
     m_view->showPage(QuizView::resultPage);
-    QuizResult result;
-    result.correct = m_judge.numberOfCorrect();
-    result.between = m_judge.numberOfMisspelled();
-    result.betweenLabel = platform::localized("Quiz", "misspelled");
-    result.wrong = m_judge.numberOfWrong();
-    result.total = numberOfWordsToAsk();
-    // Misspelled words alone offer no restart. Deleted ones can't be asked either.
-    result.canRestartWithWrong = result.wrong > 0 && !m_judge.wrongAnsweredWords().isEmpty();
     m_view->card()->setColorNeutral();
-    m_view->result()->setResult(result, [this] { restartQuizWithWrong(); });
+    m_view->result()->setResult(m_run.result(), platform::localized("Quiz", "misspelled"),
+                                [this] { restartQuizWithWrong(); });
     m_view->result()->focusDefaultButton();
     m_view->flip()->flipSecondHalf();
     m_view->setProgressVisible(false);
@@ -418,14 +293,12 @@ void TAVTypingQuizController::executeShowStatistics()
 
 void TAVTypingQuizController::executeRestartQuizWithWrong()
 {
-    if (m_judge.wrongAnsweredWords().isEmpty())
+    if (m_run.wrongAnsweredWords().isEmpty())
         return;
     m_view->flip()->flipFirstHalf();
     m_view->card()->setColorNeutral();
-    setAskIndex(-1);
-    mutableWordsToAsk() = m_judge.wrongAnsweredWords();
-    setNumberOfWordsToAsk(wordsToAsk().size());
-    beginRun();
+    m_run.beginWithWrongWords();
+    showBeginning();
     m_view->showPage(QuizView::typingQuizPage);
     m_ui->answerTextField->setFocus();
     m_view->flip()->flipSecondHalf();
@@ -435,7 +308,7 @@ void TAVTypingQuizController::focusWhatComesNext()
 {
     if (m_view->currentPage() != QuizView::typingQuizPage)
         return;
-    if (m_nextWord)
+    if (nextWord())
         m_ui->answerTextField->setFocus();
     else
         m_ui->showStatisticsButton->setFocus();
@@ -464,25 +337,18 @@ void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &)
 {
     closeEditor();
     // By the direction of the present question, which may have turned since.
-    m_ui->correctAnswerTextField->setWord(AnswerJudge::expectedText(*lastWord(), m_lastAskedForeign),
-                                          CardText::answerLimit);
-    m_ui->lastQuestionTextField->setWord(AnswerJudge::questionText(*lastWord(), m_lastAskedForeign),
-                                         CardText::lastQuestionLimit);
-    m_ui->commentTextField->setText(lastWord()->comment());
+    m_card->showLastTexts();
 }
 
 void TAVTypingQuizController::wordPopoverDidDeleteWords(const TAVWordList &words)
 {
-    for (const TAVWordRef &word : words)
-        m_judge.removeFromWrongAnsweredWords(word);
+    m_run.forgetWords(words);
     closeEditor();
     // The run may have moved on while the editor was open.
     if (!words.contains(lastWord()))
         return;
-    m_ui->deletedImageView->show();
+    m_card->showDeleted();
     setControl(m_ui->editButton, false);
-    m_ui->dontAskAgainCheckBox->setEnabled(false);
-    m_ui->iKnewItCheckBox->setEnabled(false);
 }
 
 void TAVTypingQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)

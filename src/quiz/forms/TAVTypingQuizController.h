@@ -1,6 +1,6 @@
 #pragma once
 
-#include "quiz/AnswerJudge.h"
+#include "quiz/TypingRun.h"
 #include "quiz/forms/QuizForm.h"
 #include "views/editor/TAVLanguageTextField.h"
 #include "views/editor/TAVWordPopoverDelegate.h"
@@ -12,6 +12,7 @@
 
 class QuizView;
 class TAVWordPopoverController;
+class TypedCard;
 
 namespace Ui {
 class TAVTypingQuiz;
@@ -29,8 +30,8 @@ class TAVTypingQuizController : public QObject,
     Q_OBJECT
 
 public:
-    /** The view is not owned; it may go first when the program ends. */
-    explicit TAVTypingQuizController(QuizView *view);
+    /** Neither is owned. The view may go first when the program ends. */
+    TAVTypingQuizController(QuizView *view, VocabularyDocument &document);
     ~TAVTypingQuizController() override;
 
     void startQuiz() override;
@@ -48,10 +49,10 @@ public:
     /** Lets the four help overlays come once more. */
     static void resetQuizHelp();
 
-    const TAVWordRef &lastWord() const { return m_judge.lastWord(); }
+    const TAVWordRef &lastWord() const { return m_run.lastWord(); }
     /** The word being asked; absent after the last one. */
-    const TAVWordRef &nextWord() const { return m_nextWord; }
-    const AnswerJudge &judge() const { return m_judge; }
+    const TAVWordRef &nextWord() const { return m_run.askedWord(); }
+    const TypingRun &run() const { return m_run; }
 
     /** The keyboard may have been switched elsewhere meanwhile. */
     void languageTextFieldDidBecomeActive(TAVLanguageTextField *field) override;
@@ -72,20 +73,14 @@ private:
     void executeShowStatistics();
     void executeRestartQuizWithWrong();
 
-    void beginRun();
+    /** A run has begun. */
+    void showBeginning();
     void setQuestion();
-    void selectInputSourceOfAnswer();
     void clearLeftHalf();
     void showQuestionControls(bool visible);
-    void takeCheckBoxes();
-    void showVerdict(Verdict verdict);
-    void showLevels(Verdict verdict);
+    void showVerdict(Verdict verdict, const QString &answer);
     void showMark(Verdict verdict);
-    void showCardColor(Verdict verdict);
     void showLeftHelp(Verdict verdict);
-    void showLastTexts(Verdict verdict, const QString &answer);
-    void showProgress();
-    void save();
     void closeEditor();
     void focusWhatComesNext();
     static void setControl(QWidget *control, bool enableAndShow);
@@ -93,8 +88,6 @@ private:
     QPointer<QuizView> m_view;
     std::unique_ptr<Ui::TAVTypingQuiz> m_ui;
     std::unique_ptr<TAVWordPopoverController> m_editor;
-    AnswerJudge m_judge;
-    TAVWordRef m_nextWord;
-    bool m_lastAskedForeign = true;
-    Verdict m_lastVerdict = Verdict::correct;
+    TypingRun m_run;
+    std::unique_ptr<TypedCard> m_card;
 };

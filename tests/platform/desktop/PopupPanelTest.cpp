@@ -32,7 +32,8 @@ TEST_F(EwmhDesktopTest, ThePopupQuizComesOverAnotherProgramAndGivesTheFocusBack)
     vocabulary->batchAddWords(words);
     QuizView view;
     UnlockedHub hub;
-    TAVPopupQuizController popup(&view, &hub, [] {});
+    VocabularyDocument document;
+    TAVPopupQuizController popup(&view, document, &hub, [] {});
     popup.setVocabulary(vocabulary);
     popup.setWordsToAsk(words);
     popup.startQuiz();

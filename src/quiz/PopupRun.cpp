@@ -1,0 +1,75 @@
+#include "quiz/PopupRun.h"
+
+void PopupRun::begin()
+{
+    reset();
+    m_isRunning = true;
+    m_hasCreatedCorrectWordsToAsk = true;
+    m_hasPendingAnswer = false;
+}
+
+bool PopupRun::ask()
+{
+    dropDecisions();
+    if (!m_hasCreatedCorrectWordsToAsk) {
+        m_quiz.setNumberOfWordsToAsk(wordsOfAList);
+        m_quiz.createWordsToAsk();
+    }
+    if (numberOfAnswers() >= m_quiz.numberOfWordsToAsk()) {
+        m_askedWord.reset();
+        return false;
+    }
+    askNext();
+    if (!askedWord())
+        return false;
+    m_askedWordOriginLevel = askedWord()->level();
+    return true;
+}
+
+Verdict PopupRun::check(const QString &answer)
+{
+    const Verdict verdict = judge(answer);
+    // The panel shows from where the asked word came, also when a synonym was named.
+    m_lastWordOriginLevel = m_askedWordOriginLevel;
+    m_askedWord.reset();
+    m_hasPendingAnswer = true;
+    return verdict;
+}
+
+void PopupRun::savePendingAnswer()
+{
+    if (!m_hasPendingAnswer)
+        return;
+    takeDecisions();
+    m_hasPendingAnswer = false;
+    commit(Change::PopupAnswered);
+}
+
+void PopupRun::end()
+{
+    if (!m_hasPendingAnswer)
+        commit(Change::PopupRunEnded);
+    leave();
+}
+
+void PopupRun::leave()
+{
+    savePendingAnswer();
+    m_isRunning = false;
+    m_hasCreatedCorrectWordsToAsk = false;
+    m_askedWord.reset();
+    m_lastWord.reset();
+}
+
+RunResult PopupRun::result() const
+{
+    RunResult result = TypedRun::result();
+    result.total = numberOfAnswers();
+    return result;
+}
+
+ShownLevels PopupRun::overruledLevels() const
+{
+    const bool moves = presentLevel() != maxLevel;
+    return {m_lastWordOriginLevel, levelAbove(presentLevel()), true, moves, moves};
+}
