@@ -3,7 +3,7 @@
 #include "app/ground/AppGround.h"
 #include "quiz/ChangeRecorder.h"
 #include "quiz/QuizWords.h"
-#include "quiz/forms/QuizView.h"
+#include "quiz/forms/QuizForm.h"
 #include "quiz/forms/TAVQuizSetupController.h"
 #include "quiz/forms/TAVTypingQuizController.h"
 #include "support/GuiTest.h"
@@ -50,16 +50,23 @@ protected:
         services.clock.advanceSeconds(1.2);
         processEvents();
     }
-    /** Asks exactly these words, in this order. */
+    /** Makes the form ready to ask exactly these words, in this order. */
+    void prepare(QuizForm &form, const TAVWordList &words, AskDirection direction = {true, false})
+    {
+        form.setVocabulary(m_words.vocabulary);
+        form.setWordsToAsk(words);
+        form.mutableWordsToAsk() = words;
+        form.setAskForForeignWord(direction.foreignWord);
+        form.setAskForYourWord(direction.yourWord);
+    }
+    /** Asks them in the typing quiz. */
     void start(const TAVWordList &words, AskDirection direction = {true, false})
     {
         m_setup.showQuiz();
         m_setup.startQuiz();
-        m_typing.setWordsToAsk(words);
-        m_typing.mutableWordsToAsk() = words;
-        m_typing.setAskForForeignWord(direction.foreignWord);
-        m_typing.setAskForYourWord(direction.yourWord);
+        prepare(m_typing, words, direction);
         pass();
+        m_recorder.restart();
     }
     void type(const char *text) { QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text)); }
     void answer(const char *text)
@@ -75,6 +82,25 @@ protected:
     template <typename Control> Control *onCard(const char *name)
     {
         return on<Control>(QuizView::typingQuizPage, name);
+    }
+    /** The text of a label; empty if it doesn't show. */
+    static QString text(QWidget *root, const char *name)
+    {
+        const auto *label = findControl<QLabel>(root, name);
+        return label->isVisible() ? label->text() : QString();
+    }
+    /** The keyboards of the two languages are "us" for the foreign one and "de". */
+    void addKeyboards()
+    {
+        services.inputSources.add(QStringLiteral("us"));
+        services.inputSources.add(QStringLiteral("de"));
+        m_words.vocabulary->setForeignTextInputSourceId(QStringLiteral("us"));
+        m_words.vocabulary->setYourTextInputSourceId(QStringLiteral("de"));
+    }
+    QString keyboard()
+    {
+        const auto &current = services.inputSources.current;
+        return current ? current->id : QString();
     }
     bool hasFocus(QuizView::Page page, const char *name) { return on<QWidget>(page, name)->hasFocus(); }
 

@@ -2,8 +2,6 @@
 #include "support/TestServices.h"
 #include "support/Words.h"
 
-#include <QRandomGenerator>
-
 using namespace Qt::StringLiterals;
 
 class TAVQuizInterfaceTest : public ServicesTest
@@ -162,19 +160,18 @@ TEST_F(TAVQuizInterfaceTest, wordsOfOneTagStandTogether)
 
 TEST_F(TAVQuizInterfaceTest, directionFollowsTheOptions)
 {
-    struct Case
+    const struct
     {
         bool foreign;
         bool your;
         std::deque<quint32> numbers;
         bool expected;
-    };
-    const Case cases[] = {{true, false, {}, true},
-                          {false, true, {}, false},
-                          {false, false, {}, true},
-                          {true, true, {4}, true},
-                          {true, true, {7}, false}};
-    for (const Case &row : cases) {
+    } cases[] = {{true, false, {}, true},
+                 {false, true, {}, false},
+                 {false, false, {}, true},
+                 {true, true, {4}, true},
+                 {true, true, {7}, false}};
+    for (const auto &row : cases) {
         TAVQuizInterface quiz;
         quiz.setAskForForeignWord(row.foreign);
         quiz.setAskForYourWord(row.your);
@@ -183,23 +180,6 @@ TEST_F(TAVQuizInterfaceTest, directionFollowsTheOptions)
         EXPECT_TRUE(services.random.script.empty());
     }
 }
-
-namespace {
-
-/** The same distance by its recursive definition. */
-qint64 recursiveDistance(QStringView a, QStringView b)
-{
-    if (a.isEmpty() || b.isEmpty())
-        return std::max(a.size(), b.size());
-    const qint64 cost = a.back() == b.back() ? 0 : 1;
-    qint64 least = std::min({recursiveDistance(a.chopped(1), b) + 1, recursiveDistance(a, b.chopped(1)) + 1,
-                             recursiveDistance(a.chopped(1), b.chopped(1)) + cost});
-    if (a.size() > 1 && b.size() > 1 && a.back() == b[b.size() - 2] && a[a.size() - 2] == b.back())
-        least = std::min(least, recursiveDistance(a.chopped(2), b.chopped(2)) + 1);
-    return least;
-}
-
-} // namespace
 
 TEST_F(TAVQuizInterfaceTest, measuresTheDistanceOfTexts)
 {
@@ -210,26 +190,14 @@ TEST_F(TAVQuizInterfaceTest, measuresTheDistanceOfTexts)
         qint64 distance;
     };
     const Case cases[] = {
-        {u"abcd"_s, u"acbd"_s, 1}, {u"ca"_s, u"abc"_s, 3},    {u"Haus"_s, u"haus"_s, 1},
-        {QString(), u"abc"_s, 3},  {u"é"_s, u"e"_s, 1},       {u"a b"_s, u"ab"_s, 1},
-        {u"𐐀"_s, QString(), 2},    {u"same"_s, u"same"_s, 0},
+        {u"abcd"_s, u"acbd"_s, 1},        {u"ca"_s, u"abc"_s, 3},        {u"Haus"_s, u"haus"_s, 1},
+        {QString(), u"abc"_s, 3},         {u"é"_s, u"e"_s, 1},           {u"a b"_s, u"ab"_s, 1},
+        {u"𐐀"_s, QString(), 2},           {u"same"_s, u"same"_s, 0},     {u"kitten"_s, u"sitting"_s, 3},
+        {u"badcfe"_s, u"abcdef"_s, 3},    {u"a cat"_s, u"an abct"_s, 4}, {u"abcabc"_s, u"cbacba"_s, 3},
+        {u"Sonntag"_s, u"Montagsn"_s, 4}, {u"aab"_s, u"bbaa"_s, 3},
     };
     for (const Case &row : cases) {
         EXPECT_EQ(TAVQuizInterface::distanceBetween(row.a, row.b), row.distance) << qPrintable(row.a);
         EXPECT_EQ(TAVQuizInterface::distanceBetween(row.b, row.a), row.distance) << qPrintable(row.b);
-    }
-
-    QRandomGenerator random(3);
-    const auto text = [&random] {
-        QString made;
-        for (int length = random.bounded(7); length > 0; --length)
-            made.append(u"abc"[random.bounded(3)]);
-        return made;
-    };
-    for (int i = 0; i < 2000; ++i) {
-        const QString a = text();
-        const QString b = text();
-        EXPECT_EQ(TAVQuizInterface::distanceBetween(a, b), recursiveDistance(a, b))
-            << qPrintable(a) << ' ' << qPrintable(b);
     }
 }

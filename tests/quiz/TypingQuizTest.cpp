@@ -18,7 +18,11 @@ namespace {
 constexpr auto card = QuizView::typingQuizPage;
 constexpr auto result = QuizView::resultPage;
 
-using TypingQuizTest = QuizFormsTest;
+class TypingQuizTest : public QuizFormsTest
+{
+protected:
+    QString onCardText(const char *name) { return text(m_view.page(card), name); }
+};
 
 TEST_F(TypingQuizTest, ARunByKeyboardFromTheFirstQuestionToTheRestart)
 {
@@ -29,67 +33,52 @@ TEST_F(TypingQuizTest, ARunByKeyboardFromTheFirstQuestionToTheRestart)
     EXPECT_EQ(m_view.currentPage(), card);
     EXPECT_TRUE(hasFocus(card, "answerTextField"));
     EXPECT_EQ(m_typing.lastWord(), a);
-    EXPECT_EQ(onCard<QLabel>("questionTextField")->text(), QStringLiteral("Hund"));
+    EXPECT_EQ(onCardText("questionTextField"), QStringLiteral("Hund"));
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 3"));
 
     answer("dogg");
-    EXPECT_EQ(onCard<QLabel>("correctAnswerTextField")->text(), QStringLiteral("dog"));
-    EXPECT_EQ(onCard<QLabel>("userAnswerTextField")->text(), QStringLiteral("dogg"));
-    EXPECT_EQ(onCard<QLabel>("questionTextField")->text(), QStringLiteral("Katze"));
+    EXPECT_EQ(m_recorder.take(), QStringLiteral("flagged, mark, saved"));
+    EXPECT_EQ(onCardText("correctAnswerTextField"), QStringLiteral("dog"));
+    EXPECT_EQ(onCardText("userAnswerTextField"), QStringLiteral("dogg"));
+    EXPECT_EQ(onCardText("questionTextField"), QStringLiteral("Katze"));
     EXPECT_TRUE(hasFocus(card, "answerTextField"));
     answer("");
-    EXPECT_TRUE(onCard<QLabel>("userAnswerTextField")->isHidden());
+    EXPECT_EQ(onCardText("userAnswerTextField"), QString());
     EXPECT_EQ(m_view.progressIndicator()->progress(), 3);
     answer("mouse");
     EXPECT_EQ(m_view.progressIndicator()->correct(), 1);
-    EXPECT_TRUE(onCard<QLabel>("correctAnswerTextField")->isHidden());
+    EXPECT_EQ(onCardText("correctAnswerTextField"), QString());
     EXPECT_TRUE(onCard<QLineEdit>("answerTextField")->isHidden());
     EXPECT_TRUE(hasFocus(card, "showStatisticsButton"));
 
+    m_recorder.restart();
     pressReturn();
     pass();
+    EXPECT_EQ(m_recorder.take(), QStringLiteral("mark; sync, saved; event 1, saved"));
     EXPECT_EQ(m_view.currentPage(), result);
-    EXPECT_EQ(on<QLabel>(result, "statisticsCorrect")->text(), QStringLiteral("1 / 3"));
-    EXPECT_EQ(on<QLabel>(result, "statisticsMissspelled")->text(), QStringLiteral("1 / 3"));
-    EXPECT_EQ(on<QLabel>(result, "statisticsWrong")->text(), QStringLiteral("1 / 3"));
+    for (const char *count : {"statisticsCorrect", "statisticsMissspelled", "statisticsWrong"})
+        EXPECT_EQ(text(m_view.page(result), count), QStringLiteral("1 / 3"));
     EXPECT_TRUE(hasFocus(result, "restartWithWrongButton"));
 
     pressReturn();
     pass();
     EXPECT_EQ(m_view.currentPage(), card);
     EXPECT_EQ(m_typing.wordsToAsk(), (TAVWordList{a, b}));
-    EXPECT_EQ(m_typing.nextWord(), a);
-    EXPECT_EQ(m_typing.run().numberOfAnswers(), 0);
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 2"));
     EXPECT_TRUE(m_view.statusText()->isVisible());
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isHidden());
     EXPECT_TRUE(hasFocus(card, "answerTextField"));
 }
 
-TEST_F(TypingQuizTest, EachAnswerIsSavedAndTheResultTellsItsEvent)
-{
-    start({m_words.add("Hund", "dog")});
-    m_recorder.restart();
-    answer("dog");
-    EXPECT_EQ(m_recorder.take(), QStringLiteral("flagged, mark, saved"));
-    pressReturn();
-    pass();
-    EXPECT_EQ(m_recorder.take(), QStringLiteral("mark; sync, saved; event 1, saved"));
-}
-
 TEST_F(TypingQuizTest, AHeldReturnDoesNothingAndTwoPressesAnswerTwice)
 {
-    const TAVWordRef a = m_words.add("Hund", "dog", 3);
-    const TAVWordRef b = m_words.add("Katze", "cat", 3);
-    start({a, b});
-    for (int i = 0; i < 5; ++i)
+    start({m_words.add("Hund", "dog", 3), m_words.add("Katze", "cat", 3)});
+    for (const char *focused : {"answerTextField", "nextButton"}) {
+        onCard<QWidget>(focused)->setFocus();
         pressReturn(true);
-    pass();
-    EXPECT_EQ(m_typing.run().numberOfAnswers(), 0);
-    onCard<QPushButton>("nextButton")->setFocus();
-    pressReturn(true);
-    pass();
-    EXPECT_EQ(m_typing.run().numberOfAnswers(), 0);
+        pass();
+        EXPECT_EQ(m_typing.run().numberOfAnswers(), 0);
+    }
     onCard<QLineEdit>("answerTextField")->setFocus();
 
     // The third press finds no word any more.
@@ -103,14 +92,13 @@ TEST_F(TypingQuizTest, AHeldReturnDoesNothingAndTwoPressesAnswerTwice)
     pressReturn();
     pressReturn();
     pass();
-    EXPECT_EQ(m_view.currentPage(), result);
     EXPECT_EQ(m_recorder.calls.count(QStringLiteral("event 1")), 1);
     pressReturn(true);
     pass();
     EXPECT_EQ(m_view.currentPage(), result);
 }
 
-TEST_F(TypingQuizTest, AnOverruleShowsAtOnceAndTakesEffectWhenTheRunMovesOn)
+TEST_F(TypingQuizTest, DecisionsShowAtOnceAndTakeEffectWhenTheRunMovesOn)
 {
     const TAVWordRef a = m_words.add("Hund", "dog", 3);
     const TAVWordRef b = m_words.add("Katze", "cat", 5);
@@ -123,20 +111,21 @@ TEST_F(TypingQuizTest, AnOverruleShowsAtOnceAndTakesEffectWhenTheRunMovesOn)
         EXPECT_EQ(onCard<QLabel>("answerUpperLevelImageView")->isVisible(), isOn);
         EXPECT_EQ(onCard<QLabel>("answerArrowImageView")->isVisible(), isOn);
         EXPECT_EQ(
-            onCard<QLabel>("cardLeftHelpText")->text(),
+            onCardText("cardLeftHelpText"),
             platform::localized("Quiz", isOn ? "quizCorrectAnswerHelpText" : "quizMisspelledAnswerHelpText"));
     }
     EXPECT_EQ(a->level(), 3);
     onCard<QLineEdit>("answerTextField")->setFocus();
-    answer("y");
+    answer("cat");
     EXPECT_EQ(a->level(), 4);
     EXPECT_FALSE(knewIt->isChecked());
-    QTest::mouseClick(knewIt, Qt::LeftButton);
+    QTest::mouseClick(onCard<QCheckBox>("dontAskAgainCheckBox"), Qt::LeftButton);
+    EXPECT_FALSE(b->dontAskAgain());
     onCard<QPushButton>("showStatisticsButton")->setFocus();
     pressReturn();
     pass();
-    EXPECT_EQ(b->level(), 5);
-    EXPECT_EQ(on<QLabel>(result, "statisticsCorrect")->text(), QStringLiteral("2 / 2"));
+    EXPECT_TRUE(b->dontAskAgain());
+    EXPECT_EQ(text(m_view.page(result), "statisticsCorrect"), QStringLiteral("2 / 2"));
     EXPECT_TRUE(on<QPushButton>(result, "restartWithWrongButton")->isHidden());
     EXPECT_TRUE(hasFocus(result, "newQuizButton"));
     pressReturn();
@@ -146,39 +135,23 @@ TEST_F(TypingQuizTest, AnOverruleShowsAtOnceAndTakesEffectWhenTheRunMovesOn)
 
 TEST_F(TypingQuizTest, WhatAVerdictShows)
 {
-    struct Case
+    const struct
     {
         const char *answer;
         quint64 level;
-        const char *levels;
-        bool offersKnewIt;
         bool offersDontAsk;
         const char *helpKey;
+    } cases[] = {
+        {"dog", 4, false, "hasShownQuizHelpCorrectAnswer"},    {"dog", 5, true, nullptr},
+        {"dgo", 2, false, "hasShownQuizHelpMisspelledAnswer"}, {"xxx", 0, false, nullptr},
+        {"xxx", 1, false, "hasShownQuizHelpWrongAnswer"},      {"", 5, false, nullptr},
     };
-    const Case cases[] = {
-        {"dog", 4, "Long term, Native", false, false, "hasShownQuizHelpCorrectAnswer"},
-        {"dog", 5, "Native", false, true, nullptr},
-        {"dgo", 2, "Short term", true, false, "hasShownQuizHelpMisspelledAnswer"},
-        {"xxx", 0, "Unknown", true, false, nullptr},
-        {"xxx", 1, "Unknown, Ultra short", true, false, "hasShownQuizHelpWrongAnswer"},
-        {"", 5, "Short term, Native", true, false, nullptr},
-    };
-    for (const Case &c : cases) {
-        m_words = QuizWords();
-        m_recorder.current = m_words.vocabulary;
-        const TAVWordRef word = m_words.add("Hund", "dog", c.level);
-        start({word, m_words.add("Katze", "cat")});
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.answer + std::to_string(c.level));
+        start({m_words.add("Hund", "dog", c.level), m_words.add("Katze", "cat")});
         services.settings.writtenKeys.clear();
         answer(c.answer);
-        SCOPED_TRACE(c.answer + std::to_string(c.level));
-        QStringList levels;
-        for (const char *name : {"answerLowerLevelImageView", "answerUpperLevelImageView"}) {
-            if (onCard<QLabel>(name)->isVisible())
-                levels.append(onCard<QLabel>(name)->accessibleName());
-        }
-        EXPECT_EQ(levels.join(QLatin1String(", ")), QLatin1String(c.levels));
-        EXPECT_EQ(onCard<QLabel>("answerArrowImageView")->isVisible(), levels.size() == 2);
-        EXPECT_EQ(onCard<QCheckBox>("iKnewItCheckBox")->isVisible(), c.offersKnewIt);
+        EXPECT_EQ(onCard<QCheckBox>("iKnewItCheckBox")->isVisible(), m_typing.run().offersOverrule());
         EXPECT_EQ(onCard<QCheckBox>("dontAskAgainCheckBox")->isVisible(), c.offersDontAsk);
         EXPECT_EQ(onCard<QLabel>("cardLeftHelpText")->isVisible(), c.helpKey != nullptr);
         EXPECT_EQ(services.settings.writtenKeys,
@@ -192,20 +165,6 @@ TEST_F(TypingQuizTest, WhatAVerdictShows)
     EXPECT_TRUE(onCard<QLabel>("cardLeftHelpText")->isVisible());
 }
 
-TEST_F(TypingQuizTest, DontAskAgainIsTakenWithTheNextStep)
-{
-    const TAVWordRef word = m_words.add("Hund", "dog", 5);
-    start({word});
-    answer("dog");
-    EXPECT_EQ(m_words.vocabulary->nativeWithoutDontAsk().size(), 1);
-    QTest::mouseClick(onCard<QCheckBox>("dontAskAgainCheckBox"), Qt::LeftButton);
-    EXPECT_FALSE(word->dontAskAgain());
-    onCard<QPushButton>("showStatisticsButton")->click();
-    pass();
-    EXPECT_TRUE(word->dontAskAgain());
-    EXPECT_TRUE(m_words.vocabulary->nativeWithoutDontAsk().isEmpty());
-}
-
 TEST_F(TypingQuizTest, ASynonymOnTheLastQuestionAsksTheWordOnceMore)
 {
     const TAVWordRef asked = m_words.add("Hund", "dog");
@@ -213,7 +172,7 @@ TEST_F(TypingQuizTest, ASynonymOnTheLastQuestionAsksTheWordOnceMore)
     m_words.add("Hund", "hound");
     start({asked});
     answer("hound");
-    EXPECT_EQ(onCard<QLabel>("commentTextField")->text(), QStringLiteral("a pet"));
+    EXPECT_EQ(onCardText("commentTextField"), QStringLiteral("a pet"));
     EXPECT_EQ(m_typing.nextWord(), asked);
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 1"));
     EXPECT_EQ(m_view.card()->leftStartColor(), QColor::fromRgbF(0.83f, 0.89f, 0.91f));
@@ -221,31 +180,28 @@ TEST_F(TypingQuizTest, ASynonymOnTheLastQuestionAsksTheWordOnceMore)
 
 TEST_F(TypingQuizTest, TheIntroFollowsThePercentage)
 {
-    for (const auto &[percent, start] : {std::pair(0.0, "0 %"), {19.9, "20 %"}}) {
-        EXPECT_TRUE(QuizResultPage::introForPercent(percent).startsWith(QLatin1String(start)));
-    }
-    EXPECT_TRUE(QuizResultPage::introForPercent(20).startsWith(QLatin1String("Well done")));
-    EXPECT_TRUE(QuizResultPage::introForPercent(59.9).startsWith(QLatin1String("Well done")));
-    EXPECT_TRUE(QuizResultPage::introForPercent(60).startsWith(QLatin1String("Congratulations")));
+    for (const auto &[percent, start] : {std::pair(0.0, "0 %"),
+                                         {19.9, "20 %"},
+                                         {20.0, "Well done"},
+                                         {59.9, "Well done"},
+                                         {60.0, "Congratulations"}})
+        EXPECT_TRUE(QuizResultPage::introForPercent(percent).startsWith(QLatin1String(start))) << percent;
 }
 
 TEST_F(TypingQuizTest, TheKeyboardFollowsTheLanguageOfTheAnswer)
 {
-    services.inputSources.add(QStringLiteral("us"));
-    services.inputSources.add(QStringLiteral("de"));
-    m_words.vocabulary->setForeignTextInputSourceId(QStringLiteral("us"));
-    m_words.vocabulary->setYourTextInputSourceId(QStringLiteral("de"));
+    addKeyboards();
     const TAVWordRef a = m_words.add("Hund", "dog");
     start({a});
-    EXPECT_EQ(services.inputSources.current->id, QStringLiteral("us"));
+    EXPECT_EQ(keyboard(), QStringLiteral("us"));
     // Switched by something else, for instance in the word editor.
     onCard<QPushButton>("nextButton")->setFocus();
     services.inputSources.current = nullptr;
     onCard<QLineEdit>("answerTextField")->setFocus();
-    EXPECT_EQ(services.inputSources.current->id, QStringLiteral("us"));
+    EXPECT_EQ(keyboard(), QStringLiteral("us"));
     start({a}, {false, true});
-    EXPECT_EQ(services.inputSources.current->id, QStringLiteral("de"));
-    EXPECT_EQ(onCard<QLabel>("questionTextField")->text(), QStringLiteral("dog"));
+    EXPECT_EQ(keyboard(), QStringLiteral("de"));
+    EXPECT_EQ(onCardText("questionTextField"), QStringLiteral("dog"));
     m_words.vocabulary->setIsAutoSelectInputSource(false);
     services.inputSources.selected.clear();
     start({a});
@@ -266,16 +222,16 @@ TEST_F(TypingQuizTest, AnEditedWordShowsItsNewTextsAndADeletedOneIsNotAskedAgain
     m_typing.wordPopoverDidEditWords({a});
     processEvents();
     EXPECT_TRUE(hasFocus(card, "answerTextField"));
-    EXPECT_EQ(onCard<QLabel>("correctAnswerTextField")->text(), QStringLiteral("doggy"));
-    EXPECT_EQ(onCard<QLabel>("lastQuestionTextField")->text(), QStringLiteral("Hund"));
-    EXPECT_EQ(onCard<QLabel>("commentTextField")->text(), QStringLiteral("<b>small</b>"));
+    EXPECT_EQ(onCardText("correctAnswerTextField"), QStringLiteral("doggy"));
+    EXPECT_EQ(onCardText("lastQuestionTextField"), QStringLiteral("Hund"));
+    EXPECT_EQ(onCardText("commentTextField"), QStringLiteral("<b>small</b>"));
 
     m_typing.wordPopoverDidDeleteWords({b});
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible()) << "another word than that on the left";
-    m_words.vocabulary->removeWord(a);
     m_typing.wordPopoverDidDeleteWords({a});
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isHidden());
     EXPECT_FALSE(onCard<QCheckBox>("iKnewItCheckBox")->isEnabled());
+    EXPECT_TRUE(m_typing.run().wrongAnsweredWords().isEmpty());
     answer("y");
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible());
     onCard<QPushButton>("editButton")->click();
@@ -283,9 +239,6 @@ TEST_F(TypingQuizTest, AnEditedWordShowsItsNewTextsAndADeletedOneIsNotAskedAgain
     pass();
     for (ArrowPopup *panel : m_view.findChildren<ArrowPopup *>())
         EXPECT_FALSE(panel->isVisible()) << "a panel must not outlive its run";
-    on<QPushButton>(QuizView::resultPage, "restartWithWrongButton")->click();
-    pass();
-    EXPECT_EQ(m_typing.wordsToAsk(), TAVWordList{b});
 }
 
 TEST_F(TypingQuizTest, LongTextsAreFittedIntoTheirPlace)
@@ -309,7 +262,6 @@ TEST_F(TypingQuizTest, ARunThatWasLeftStaysOnItsVocabularyAndDoesNotComeBackByIt
     start({a, m_words.add("Katze", "cat")});
     QuizWords other;
     other.vocabulary->setForeignLanguageName(QStringLiteral("Greek"));
-    m_recorder.restart();
     m_recorder.current = other.vocabulary;
     answer("dog");
     EXPECT_EQ(a->level(), 3);
