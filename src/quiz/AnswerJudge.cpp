@@ -9,7 +9,7 @@ qint64 distanceOfAnswer(const QString &expected, const QString &answer)
 {
     if (AnswerJudge::isNoAnswer(answer))
         return distanceOfNoAnswer;
-    // Each missing letter costs one at least. Endless texts out of a file need not be compared to tell that.
+    // No distance is less than the difference in length. That spares comparing endless texts out of a file.
     const qint64 missing = std::abs(expected.size() - answer.size());
     return missing >= 2 ? missing : TAVQuizInterface::distanceBetween(expected, answer);
 }
@@ -21,7 +21,7 @@ TAVWordRef namedSynonym(const TAVQuizInterface &quiz, const TAVWord &asked, cons
         // A near miss of a synonym counts for nothing.
         if (AnswerJudge::expectedText(*synonym, askedForeign) != answer)
             continue;
-        // One that was asked already is no hit, and none behind it is looked for.
+        // The first one with this text decides: if it was asked already, the answer is no hit.
         const qsizetype index = quiz.wordsToAsk().indexOf(synonym);
         return index < 0 || index > quiz.askIndex() ? synonym : nullptr;
     }

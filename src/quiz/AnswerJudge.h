@@ -9,13 +9,13 @@ inline bool isRight(Verdict verdict)
     return verdict == Verdict::correct || verdict == Verdict::correctBySynonym;
 }
 
-/** Judges typed answers. Changes neither words nor lists; that is the run's. */
+/** Judges typed answers, without changing a word or a list. */
 namespace AnswerJudge {
 
 struct Judgement
 {
     Verdict verdict;
-    /** Whose answer it was: the asked word, or the synonym that was named instead. */
+    /** The word to book the answer for: the asked one, or the synonym that was named instead. */
     TAVWordRef word;
 };
 

@@ -12,12 +12,11 @@ public:
     using QuizRun::QuizRun;
 
     qint64 numberOfSkipped() const { return m_counts.between; }
-    /** Books the asked word by its mark, without one as skipped, and takes the exclusion. */
+    /** Books the asked word by its mark, or as skipped if it has none; then takes the exclusion. */
     void book(CardMark mark);
-    /** To be called once the card has begun to move on. */
+    /** To be called when the screen shows where the run stands. */
     void saveCard() { commit(Change::CardBooked); }
-    /** Takes what was decided about a last card, books it if it is marked, and makes the save that ends a
-     * run.
+    /** Ends the run: takes the exclusion of a card that is still asked, books it if it is marked, and saves.
      */
     void end(CardMark mark);
     bool offersExclusion() const { return askedWord()->level() >= maxLevel; }

@@ -29,7 +29,7 @@ bool PopupRun::ask()
 Verdict PopupRun::check(const QString &answer)
 {
     const Verdict verdict = judge(answer);
-    // The panel shows from where the asked word came, also when a synonym was named.
+    // The panel shows the level from which the asked word came, even if a synonym was named.
     m_lastWordOriginLevel = m_askedWordOriginLevel;
     m_askedWord.reset();
     m_hasPendingAnswer = true;

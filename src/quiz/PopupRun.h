@@ -4,7 +4,7 @@
 
 /**
  * The run of the popup quiz: questions come one by one with minutes between them, and an answer waits for the
- * user to go on before it is written. Each way out writes it.
+ * user to go on before it is written. Every way out of the run writes it.
  */
 class PopupRun : public TypedRun
 {
@@ -16,21 +16,24 @@ public:
     /** Makes the run ready; the first word comes with the first ask(). */
     void begin() override;
     bool isRunning() const { return m_isRunning; }
-    /** Asks the next word, of a new list if there is none; false if all are answered. Drops decisions. */
+    /**
+     * Asks the next word and drops the decisions about the last. Makes a new list if there is none. False if
+     * all words are answered.
+     */
     bool ask();
-    /** The word on the panel: the one that is asked, then the one that was judged. Absent without a run. */
+    /** The word on the panel: the asked one, or after an answer the judged one. Absent without a run. */
     const TAVWordRef &currentWord() const { return askedWord() ? askedWord() : m_lastWord; }
     /** Judges the answer, which is pending from then on. */
     Verdict check(const QString &answer);
     bool hasPendingAnswer() const { return m_hasPendingAnswer; }
     /** Takes the decisions about the pending answer and writes it; without one, does nothing. */
     void savePendingAnswer();
-    /** Ends the run with a save, for its result. */
+    /** Ends the run for its result, in any case with a save. */
     void end();
-    /** Ends the run; only a pending answer is saved. */
+    /** Ends the run without a result; saves only a pending answer. */
     void leave();
 
-    /** Counts over the answers that were given. */
+    /** Of the answers that were given, not of the whole list. */
     RunResult result() const override;
 
 private:

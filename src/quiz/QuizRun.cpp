@@ -80,7 +80,7 @@ RunResult QuizRun::result() const
     result.between = m_counts.between;
     result.wrong = m_counts.wrong;
     result.total = m_quiz.numberOfWordsToAsk();
-    // Misspelled words alone offer no restart. Deleted ones can't be asked either.
+    // Misspelled words alone offer no restart, and words that were deleted since can't be asked again.
     result.canRestartWithWrong = m_counts.wrong > 0 && !m_wrongAnsweredWords.isEmpty();
     return result;
 }

@@ -6,7 +6,7 @@
 /** How far a run has come. */
 struct RunProgress
 {
-    /** Number of the question that is reached; one more than there are when all are answered. */
+    /** Number of the question that is reached, from 1; one more than the total when all are answered. */
     qint64 reached = 1;
     qint64 total = 0;
     qint64 correct = 0;
@@ -19,7 +19,7 @@ struct RunResult
     /** Misspelled, or skipped: what is neither right nor wrong. */
     qint64 between = 0;
     qint64 wrong = 0;
-    /** Of how many; the percentages are taken of this number. */
+    /** What the percentages are taken of. */
     qint64 total = 0;
     bool canRestartWithWrong = false;
 
@@ -39,8 +39,8 @@ private:
  * when. The forms show it. Each kind of run derives from this one.
  *
  * Words, options and vocabulary stand in the form's TAVQuizInterface; a run stays on the vocabulary that it
- * finds there. Changes are committed apart from the answer that makes them, as the card shows the verdict
- * before the file is written. Main thread only.
+ * finds there. An answer and its commit are two calls, so that the card shows the verdict before the file
+ * is written. Main thread only.
  */
 class QuizRun
 {
@@ -60,17 +60,17 @@ public:
     /** Goes on to the next word, which may be none, and draws the direction of its question. */
     void askNext();
 
-    /** The word whose answer is waited for; absent when none is. */
+    /** The word that waits for its answer; absent when none does. */
     const TAVWordRef &askedWord() const { return m_askedWord; }
     /** Direction of the question asked last: true if the answer must be the foreign word. */
     bool lastAskedForeign() const { return m_lastAskedForeign; }
-    /** The two sides of a word by that direction. */
+    /** By that direction: the side of a word that the question shows, and the side to answer. */
     const QString &questionText(const TAVWord &word) const;
     const QString &expectedText(const TAVWord &word) const;
 
-    /** The user doesn't want to be asked the word any more. Counts from the next step on. */
+    /** The user doesn't want to be asked this word any more. Takes effect with the next step. */
     void setIsExcluded(bool flag) { m_isExcluded = flag; }
-    /** Words were deleted: they are not asked, now or in the next round. */
+    /** Words were deleted: leaves them out of this run and of its next round. */
     void forgetWords(const TAVWordList &words);
 
     qint64 numberOfCorrect() const { return m_counts.correct; }
@@ -95,7 +95,7 @@ protected:
         qint64 wrong = 0;
     };
 
-    /** No answer, no word, no decision. */
+    /** Forgets answers, words and decisions. */
     virtual void reset();
     void takeExclusion(const TAVWordRef &word);
     void commit(Change change) { m_document.commit(change, vocabulary()); }

@@ -25,7 +25,7 @@ Verdict TypedRun::judge(const QString &answer)
 void TypedRun::putInFrontOfAskedWord(const TAVWordRef &synonym)
 {
     TAVWordList &words = m_quiz.mutableWordsToAsk();
-    // A word from outside makes the list longer than was promised, so its answer must not move the progress.
+    // A synonym from outside makes the list longer than promised, so its answer must not move the progress.
     if (words.removeAll(synonym) == 0)
         --m_counts.correct;
     words.insert(m_quiz.askIndex(), synonym);

@@ -3,7 +3,7 @@
 #include "quiz/AnswerJudge.h"
 #include "quiz/QuizRun.h"
 
-/** The level of a word and, where the word moves, the one above it with an arrow between the two. */
+/** What the level pictures show: one level or, if the word moves, two with an arrow between them. */
 struct ShownLevels
 {
     quint64 lower = 0;
@@ -21,19 +21,19 @@ public:
 
     /** The word that was judged last; after a synonym hit, that synonym. */
     const TAVWordRef &lastWord() const { return m_lastWord; }
-    /** The level from which the verdict has moved it. */
+    /** The level before the answer. */
     quint64 lastWordOriginLevel() const { return m_lastWordOriginLevel; }
     Verdict verdict() const { return m_verdict; }
     bool lastWrongWasJustMisspelled() const { return m_verdict == Verdict::misspelled; }
     qint64 numberOfMisspelled() const { return m_counts.between; }
 
-    /** The user says to have known the word. Changes what is shown; the rest comes with the next step. */
+    /** The user says to have known the word. Shows at once, and takes effect with the next step. */
     void setIsOverruled(bool flag) { m_isOverruled = flag; }
     bool isOverruled() const { return m_isOverruled; }
     bool offersOverrule() const { return !isRight(m_verdict); }
-    /** A word at the top can go no further, only out. */
+    /** A word that can't rise any more may be excluded instead. */
     bool offersExclusion() const { return isRight(m_verdict) && isAtTop(); }
-    /** What to show of the verdict, as far as the user hasn't overruled it. */
+    /** The verdict, or correct if the user has overruled it. */
     Verdict shownVerdict() const { return m_isOverruled ? Verdict::correct : m_verdict; }
     ShownLevels shownLevels() const;
 
@@ -44,7 +44,7 @@ protected:
      * then is asked again as the very next one.
      */
     Verdict judge(const QString &answer);
-    /** What the user has decided about the last word: the exclusion first, then the overrule. */
+    /** Applies what the user has decided about the last word: first the exclusion, then the overrule. */
     void takeDecisions();
     void dropDecisions();
     quint64 presentLevel() const { return m_lastWord->level(); }
@@ -53,7 +53,7 @@ protected:
     quint64 m_lastWordOriginLevel = 0;
 
 private:
-    /** Whether a right answer has found the word at the top. The forms don't agree on when that is. */
+    /** Whether a right answer counts as given at the top: by the level before it, or by that after it. */
     virtual bool isAtTop() const = 0;
     virtual ShownLevels overruledLevels() const = 0;
     void putInFrontOfAskedWord(const TAVWordRef &synonym);

@@ -13,7 +13,7 @@ public:
     Verdict answer(const QString &text);
     /** To be called once verdict and next question are shown. */
     void saveAnswer() { commit(Change::AnswerTyped); }
-    /** The last decisions, and the save that ends a run. */
+    /** Ends the run: takes the last decisions and saves. */
     void end();
 
 private:

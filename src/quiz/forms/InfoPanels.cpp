@@ -16,12 +16,12 @@
 namespace {
 
 /** A longer message would push the quiz off its own page. */
-constexpr qsizetype longestText = 400;
+constexpr qsizetype maxMessageLength = 400;
 enum PromptTab { questionTab, feedbackTab, ratingTab };
 
 QString shortened(const QString &text)
 {
-    return text.size() <= longestText ? text : text.left(longestText - 1) + QChar(0x2026);
+    return text.size() <= maxMessageLength ? text : text.left(maxMessageLength - 1) + QChar(0x2026);
 }
 
 } // namespace

@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/** No screen reaches further; what is stored beyond is rubbish. */
+/** No screen reaches further: a stored position beyond this is damaged. */
 constexpr double maxPosition = 1e5;
 constexpr int shakeWidth = 5;
 constexpr int shakeSteps = 5;

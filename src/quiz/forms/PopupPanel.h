@@ -23,15 +23,15 @@ public:
     /** Shows it at its place. */
     void showInPlace();
     /**
-     * Brings it in front of all programs, with the keyboard. Where the desktop won't have that, a
-     * notification with this text does it when the user chooses it, if it still asks for it by then.
+     * Brings it in front of all programs, with the keyboard. Where the desktop doesn't allow that, shows a
+     * notification with the text instead; choosing that brings the panel, if it is still wanted by then.
      */
     void bringToFront(const QString &text, const std::function<bool()> &isStillWanted);
     void putOutOfSight();
     void shake();
 
 signals:
-    /** By whatever way; it has not gone yet. */
+    /** The panel is about to close, whatever closes it. */
     void closing();
 
 protected:
@@ -44,7 +44,7 @@ protected:
 private:
     void bring();
 
-    /** A move is the program's own, and isn't remembered. */
+    /** Moves at present are the program's own, and not remembered. */
     bool m_ignoreWindowMove = true;
     double m_windowXPos = 20.0;
     double m_windowYPos = 20.0;

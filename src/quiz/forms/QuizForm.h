@@ -4,7 +4,7 @@
 #include "quiz/TAVQuizInterface.h"
 #include "quiz/forms/QuizView.h"
 
-/** A way to be asked, as the setup page starts it. */
+/** One of the ways to quiz, as the setup page starts it. */
 class QuizForm : public TAVQuizInterface
 {
 public:

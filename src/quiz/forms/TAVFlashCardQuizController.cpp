@@ -24,7 +24,7 @@ namespace {
 constexpr std::chrono::milliseconds stepDelay = 200ms;
 constexpr std::chrono::milliseconds questionDelay = 10ms;
 constexpr std::chrono::milliseconds correctMarkDelay = 600ms;
-/** Shorter than the other: what was not known is not looked at any longer. */
+/** Deliberately a little shorter than after a known word. */
 constexpr std::chrono::milliseconds wrongMarkDelay = 500ms;
 enum ButtonsPage { markButtons, showButton };
 
@@ -192,7 +192,7 @@ void TAVFlashCardQuizController::showBeginning()
     m_view->statusText()->show();
     m_view->setProgressVisible(true);
     setQuestion();
-    // Who has gone to another tab within the delay of the start would have the words booked unseen.
+    // If the user has gone to another tab meanwhile, autoplay would book the words unseen.
     if (m_ui->flipTimeoutSlider->value() > 0 && m_view->isVisible())
         togglePlay();
 }
@@ -452,7 +452,7 @@ void TAVFlashCardQuizController::editCurrentWord()
 {
     if (!currentWord())
         return;
-    // Who edits a word needs it to stay.
+    // The word must stay while the user edits it.
     stopPlaying();
     m_editor->showEditWindowForWords({currentWord()}, vocabulary(), this);
     m_editor->showBeside(m_ui->editButton, m_ui->editButton->rect());

@@ -26,7 +26,7 @@ namespace {
 constexpr std::chrono::milliseconds startDelay = 200ms;
 /** The main window builds the page once more half a second after it was opened. */
 constexpr qint64 secondCallWithinMs = 750;
-constexpr qint64 wordsOfAUsualQuiz = 30;
+constexpr qint64 maxProposedWords = 30;
 enum DirectionTag { foreignTag, yourTag, bothTag };
 enum TagRule { allTagsRule, anyTagRule };
 
@@ -127,7 +127,7 @@ bool TAVQuizSetupController::isSecondCallOfOpening() const
 
 void TAVQuizSetupController::showQuiz()
 {
-    // A quick user has started already; the run must not be taken off its page by the opening's second call.
+    // The second call of the opening must not take a run off its page that a quick user has started already.
     if (isSecondCallOfOpening())
         return;
     m_openedAt = platform::clock().now();
@@ -201,7 +201,7 @@ void TAVQuizSetupController::takeCounts(const LevelCounts &counts)
         if (m_levelButtons[level]->isChecked())
             m_totalNumberOfWordsOverDue += counts[level];
     }
-    setNumberOfWords(std::min(m_totalNumberOfWordsOverDue, wordsOfAUsualQuiz));
+    setNumberOfWords(std::min(m_totalNumberOfWordsOverDue, maxProposedWords));
     updateErrorLabel();
     updateNumberOfDueLabelsState();
 }
@@ -264,7 +264,7 @@ QStringList TAVQuizSetupController::completionsForSubstring(const QString &subst
 
 void TAVQuizSetupController::tidyTags()
 {
-    // "All tags" makes way for the first tag that is chosen, and comes back with the last one's going.
+    // "All tags" makes way for the first tag that is chosen, and comes back when the last one goes.
     const QString allTags = platform::localized("Quiz", "allTags");
     QStringList tags = m_ui->quizTagsTokenField->tokens();
     if (tags.isEmpty() && !m_ui->quizTagsTokenField->input()->hasFocus())

@@ -193,7 +193,7 @@ void TAVTypingQuizController::languageTextFieldDidBecomeActive(TAVLanguageTextFi
 
 void TAVTypingQuizController::executeNext()
 {
-    // A second press within the delay may come when the last word has just been answered.
+    // After two presses within the delay, the first may have answered the last word already.
     if (!nextWord())
         return;
     if (platform::settings().boolean(settingskeys::hasShownQuizHelpQuestion)) {
@@ -207,7 +207,7 @@ void TAVTypingQuizController::executeNext()
     const Verdict verdict = m_run.answer(answer);
     m_card->uncheckBoxes();
     showVerdict(verdict, answer);
-    // Also when a synonym was named, the comment is that of the question.
+    // Even if a synonym was named, the comment is that of the asked word.
     m_ui->commentTextField->setText(asked->comment());
     showLeftHelp(verdict);
 
@@ -258,7 +258,7 @@ void TAVTypingQuizController::showLeftHelp(Verdict verdict)
                               : verdict == Verdict::misspelled
                                   ? settingskeys::hasShownQuizHelpMisspelledAnswer
                                   : settingskeys::hasShownQuizHelpWrongAnswer;
-    // A word that stood on the lowest level can't fall, so that there is nothing to explain.
+    // A word on the lowest level can't fall: there is nothing to explain.
     const bool explains = verdict != Verdict::wrong || m_run.lastWordOriginLevel() != 0;
     const bool shows = explains && !platform::settings().boolean(key);
     m_ui->cardLeftHelpArrow->setVisible(shows);
@@ -336,7 +336,7 @@ void TAVTypingQuizController::closeEditor()
 void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &)
 {
     closeEditor();
-    // By the direction of the present question, which may have turned since.
+    // By the direction of the present question, which can differ from that of the word on the left.
     m_card->showLastTexts();
 }
 

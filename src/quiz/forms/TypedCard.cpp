@@ -13,7 +13,7 @@
 
 namespace {
 
-/** What is longer is no answer but a slip with the clipboard, and would take long to judge. */
+/** A longer text is no answer but a slip of the clipboard, and would take long to judge. */
 constexpr int maxAnswerLength = 4000;
 
 void showColor(TAVCardView &card, Verdict verdict)

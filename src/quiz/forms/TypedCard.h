@@ -13,12 +13,12 @@ class WordLabel;
 
 /**
  * What the typing quiz and the popup quiz show alike of their runs: the question, the verdict, and the boxes
- * with which the user decides about it. What only one of them has stays with that one.
+ * with which the user decides about it. What only one of the two has stays in its controller.
  */
 class TypedCard : public QObject
 {
 public:
-    /** Neither owned. Both forms give their controls the same names. */
+    /** Not owned. Both forms name their controls alike. */
     struct Controls
     {
         WordLabel *question;
@@ -47,7 +47,7 @@ public:
         }
     };
 
-    /** Run, card and controls must outlive this object, as far as it is used. */
+    /** Run, card and controls are not owned. Once one of them is gone, nothing may be called any more. */
     TypedCard(TypedRun &run, TAVCardView *card, const Controls &controls);
 
     /** The asked word, with an empty field for its answer. */
@@ -59,7 +59,7 @@ public:
     /** Colour and levels, by the verdict or by what the user says to have known. */
     void showStanding();
     void showDeleted();
-    /** Whether there is an answer to show with the verdict, and not just none. */
+    /** Whether the answer is shown beside the verdict; a wrong one that is none isn't. */
     static bool showsAnswer(Verdict verdict, const QString &answer);
     void uncheckBoxes();
     /** Switches the keyboard to the language of the answer, if the user wants that. */

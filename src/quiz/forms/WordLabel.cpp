@@ -10,9 +10,9 @@
 
 namespace {
 
-constexpr int leastFont = 8;
+constexpr int minFontSize = 8;
 /** More text than this can't be read on a card, and would take long to lay out. */
-constexpr qsizetype longestText = 2000;
+constexpr qsizetype maxShownLength = 2000;
 
 /** Breaks the text between words, or within one that is too long for a line. Gives the height of all lines.
  */
@@ -70,9 +70,9 @@ QSize WordLabel::minimumSizeHint() const
 
 std::pair<QFont, QString> WordLabel::fitted(const QSize &size) const
 {
-    QString shown = text().left(longestText);
+    QString shown = text().left(maxShownLength);
     QFont font = this->font();
-    while (!fits(font, shown, size) && font.pointSize() > leastFont)
+    while (!fits(font, shown, size) && font.pointSize() > minFontSize)
         font.setPointSize(font.pointSize() - 1);
     if (fits(font, shown, size) && shown.size() == text().size())
         return {font, shown};
@@ -90,7 +90,7 @@ void WordLabel::paintEvent(QPaintEvent *)
     const QRect place = contentsRect();
     const auto [font, shown] = fitted(place.size());
     if (shown.size() != text().size() && toolTip().isEmpty())
-        setToolTip(text().left(longestText).toHtmlEscaped());
+        setToolTip(text().left(maxShownLength).toHtmlEscaped());
     QTextLayout layout;
     const double height = breakIntoLines(layout, font, shown, alignment(), place.width());
     const QRectF lines = QStyle::alignedRect(Qt::LeftToRight, alignment() & Qt::AlignVertical_Mask,
