@@ -45,7 +45,7 @@ private:
 class QuizRun
 {
 public:
-    static constexpr quint64 maxLevel = 5;
+    static constexpr quint64 maxLevel = TAVLexicon::numberOfLevels - 1;
 
     /** Both must outlive the run. */
     QuizRun(TAVQuizInterface &quiz, VocabularyDocument &document);

@@ -117,6 +117,9 @@ TEST_F(FlashCardQuizTest, TheSecondMarkReplacesTheFirstAndIsBookedOnce)
     press(Qt::Key_C);
     wait(300);
     press(Qt::Key_X);
+    // The run is stopped when the next question is chosen, but not shown yet.
+    wait(305);
+    on<QPushButton>(card, "stopButton")->click();
     pass();
     EXPECT_EQ(m_cards.run().numberOfWrong(), 1);
     EXPECT_EQ(m_cards.run().numberOfAnswers(), 1);

@@ -264,12 +264,23 @@ TEST_F(PopupQuizTest, OnlyMovesOfTheUserOnTheScreenAreRemembered)
     m_popup.quizWindow()->move(-5, 100);
     processEvents();
     EXPECT_EQ(services.settings.real(xKey), 300.0);
+    m_popup.quizWindow()->move(300, 200);
+    // No title bar: the panel is dragged by any free place.
+    const auto mouse = [this](QEvent::Type type, const QPoint &global) {
+        QMouseEvent event(type, QPoint(), global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_popup.quizWindow(), &event);
+    };
+    mouse(QEvent::MouseButtonPress, {310, 210});
+    mouse(QEvent::MouseMove, {360, 230});
+    mouse(QEvent::MouseButtonRelease, {360, 230});
+    mouse(QEvent::MouseMove, {900, 900});
+    EXPECT_EQ(m_popup.quizWindow()->pos(), QPoint(350, 220));
     check("cat");
     goOn();
     processEvents();
-    EXPECT_EQ(services.settings.real(xKey), 300.0);
+    EXPECT_EQ(services.settings.real(xKey), 350.0);
     services.clock.advanceSeconds(5 * 60);
-    EXPECT_EQ(m_popup.quizWindow()->pos(), QPoint(300, 200));
+    EXPECT_EQ(m_popup.quizWindow()->pos(), QPoint(350, 220));
 }
 
 TEST_F(PopupQuizTest, WhereThePanelCannotComeUpANotificationOpensIt)

@@ -198,6 +198,7 @@ TEST_F(QuizSetupTest, TheChosenSegmentStartsItsForm)
         bool hasStarted = false;
     };
     addDue(1, 0);
+    addDue(1, 5);
     Form popup;
     m_setup.setPopupQuizController(&popup);
     m_setup.showQuiz();
@@ -205,6 +206,7 @@ TEST_F(QuizSetupTest, TheChosenSegmentStartsItsForm)
     m_setup.startQuiz();
     pass();
     EXPECT_TRUE(popup.hasStarted);
+    EXPECT_EQ(popup.wordsToAsk().size(), 2) << "native words too";
     EXPECT_EQ(m_view.currentPage(), popup.page());
 }
 
