@@ -7,13 +7,23 @@
 namespace {
 
 /** Deeper nesting counts as no JSON, as recursion must end somewhere. */
-constexpr int deepestNesting = 1024;
+constexpr int maxNesting = 1024;
+
+constexpr QByteArrayView byteOrderMark = "\xef\xbb\xbf";
+
+/** The plain conversion takes a mark at the start for the beginning of a file and drops it. */
+QString textFromUtf8(QByteArrayView bytes)
+{
+    QString text = QString::fromUtf8(bytes);
+    if (bytes.startsWith(byteOrderMark))
+        text.prepend(QChar::ByteOrderMark);
+    return text;
+}
 
 } // namespace
 
 bool JsonTextSource::readRecord(QByteArrayView json, const Read &read)
 {
-    constexpr QByteArrayView byteOrderMark = "\xef\xbb\xbf";
     if (json.startsWith(byteOrderMark))
         json = json.sliced(byteOrderMark.size());
     if (!json.isValidUtf8())
@@ -167,7 +177,7 @@ void JsonTextSource::records(const Read &read)
 bool JsonTextSource::opens(char bracket)
 {
     expect(bracket);
-    if (++m_depth > deepestNesting)
+    if (++m_depth > maxNesting)
         fail();
     return !m_hasFailed;
 }
@@ -301,7 +311,7 @@ QString JsonTextSource::textValue()
     expect('"');
     bool hasEscapes = false;
     const QByteArrayView raw = rawText(hasEscapes);
-    return hasEscapes ? unescaped(raw) : QString::fromUtf8(raw);
+    return hasEscapes ? unescaped(raw) : textFromUtf8(raw);
 }
 
 QString JsonTextSource::sharedTextValue()
@@ -320,7 +330,7 @@ QString JsonTextSource::unescaped(QByteArrayView raw)
     QString text;
     while (!raw.isEmpty()) {
         const qsizetype escape = raw.indexOf('\\');
-        text += QString::fromUtf8(raw.first(escape < 0 ? raw.size() : escape));
+        text += textFromUtf8(raw.first(escape < 0 ? raw.size() : escape));
         if (escape < 0)
             break;
         static constexpr QByteArrayView letters = "\"\\/bfnrt";

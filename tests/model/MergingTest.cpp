@@ -261,18 +261,31 @@ TEST_F(MergingTest, firstWordAheadLetsAllBehindItWin)
 
 TEST_F(MergingTest, takenWordsBelongToTheReceiverAlone)
 {
-    const TAVWordRef isNew = makeWord({.foreignWord = u"new"_s, .tags = {u"t"_s}, .creationID = 9});
+    const TAVWordRef isNew =
+        makeWord({.foreignWord = u"new"_s, .level = 5, .tags = {u"tag"_s}, .creationID = 9});
     const TAVWordRef refused = makeWord({.foreignWord = u"x"_s, .level = 4, .creationID = 3});
     const TAVLexiconRef other = makeVocabulary({isNew, refused});
+    // What is built before must not show the words that have left.
+    EXPECT_EQ(other->level4Words(), TAVWordList({refused}));
+    EXPECT_EQ(other->nativeWithoutDontAsk(), TAVWordList({isNew}));
+    EXPECT_TRUE(other->allTags().contains(u"tag"_s));
+    EXPECT_TRUE(other->completionTagsForPrefix(u"t"_s));
+    EXPECT_EQ(other->synonyms().size(), 2);
+
     const TAVLexiconRef vocabulary = makeVocabulary({makeWord({.foreignWord = u"x"_s, .creationID = 1})});
+    EXPECT_EQ(vocabulary->level0Words().size(), 1);
     vocabulary->joinWithVocabulary(*other, true);
     EXPECT_EQ(isNew->weakVocForSort(), vocabulary);
     EXPECT_EQ(isNew->creationID(), TAVLexicon::currentTime() * 100);
     EXPECT_EQ(refused->level(), 0U);
     EXPECT_EQ(other->allWords(), TAVWordList({refused}));
     EXPECT_EQ(other->level0Words(), TAVWordList({refused}));
-    EXPECT_FALSE(other->allTags().contains(u"t"_s));
+    EXPECT_TRUE(other->nativeWithoutDontAsk().isEmpty());
+    EXPECT_TRUE(other->allTags().isEmpty());
+    EXPECT_FALSE(other->completionTagsForPrefix(u"t"_s));
+    EXPECT_TRUE(other->synonyms().isEmpty());
     EXPECT_EQ(vocabulary->countAllWords(), 2);
-    EXPECT_TRUE(vocabulary->allTags().contains(u"t"_s));
+    EXPECT_EQ(vocabulary->level0Words().size(), 2);
+    EXPECT_TRUE(vocabulary->allTags().contains(u"tag"_s));
     EXPECT_FALSE(vocabulary->needsSync());
 }

@@ -45,6 +45,9 @@ TEST_F(TAVLexiconTest, idsComeFromTheClock)
     EXPECT_EQ(vocabulary->findWordByID(1000), first) << "the first of two that were added in one second";
     EXPECT_FALSE(vocabulary->containsWordWithID(5));
     EXPECT_EQ(first->weakVocForSort(), vocabulary);
+    const TAVWordRef twin = makeWord({.foreignWord = u"b"_s});
+    EXPECT_EQ(makeVocabulary({first, twin})->findWordEqualTo(*twin), first);
+    EXPECT_FALSE(vocabulary->containsWordEqualTo(*makeWord({.foreignWord = u"B"_s})));
 }
 
 TEST_F(TAVLexiconTest, answerMovesTheWord)
@@ -108,6 +111,11 @@ TEST_F(TAVLexiconTest, randomPickGivesEachWordOnceDueOrNot)
     const TAVWordList level = vocabulary->level2Words();
     EXPECT_EQ(vocabulary->randomlyPick(2, 2, {}, false), TAVWordList({level[1], level[2]}));
     EXPECT_TRUE(services.random.script.empty());
+    services.random.script = {0, 0x80000000, 7, 8, 9};
+    EXPECT_EQ(vocabulary->random().randomFloatBetween(-1, 3), -1);
+    EXPECT_EQ(vocabulary->random().randomFloatBetween(-1, 3), 1);
+    for (const qint64 expected : {1, -2, -1})
+        EXPECT_EQ(vocabulary->random().randomIntBetween(-2, 1), expected);
 }
 
 TEST_F(TAVLexiconTest, filtersByAnyOrAllTags)
@@ -154,12 +162,20 @@ TEST_F(TAVLexiconTest, synonymsShareExactlyOneText)
 
     // A word added by hand shows among the synonyms, alone as it is, until the next rebuild.
     vocabulary->addWord(other);
-    vocabulary->addWord(makeWord({}));
+    const TAVWordRef empty = makeWord({});
+    vocabulary->addWord(empty);
     vocabulary->removeWords({dog, twin});
     EXPECT_EQ(vocabulary->synonyms(), TAVWordSet({hound, other}));
     EXPECT_TRUE(vocabulary->synonymsForWord(*other).isEmpty());
     vocabulary->buildSynonyms();
     EXPECT_TRUE(vocabulary->synonyms().isEmpty());
+
+    // One that has a partner brings it along, by either text; an empty one counts as a text.
+    const TAVWordRef byForeign = makeWord({.foreignWord = u"hound"_s});
+    vocabulary->addWord(byForeign);
+    EXPECT_EQ(vocabulary->synonyms(), TAVWordSet({empty, hound, byForeign}));
+    vocabulary->addWord(dog);
+    EXPECT_EQ(vocabulary->synonyms(), TAVWordSet({empty, hound, byForeign, dog}));
 }
 
 TEST_F(TAVLexiconTest, onlyNeighboursAreFoundAsSynonyms)
@@ -198,6 +214,13 @@ TEST_F(TAVLexiconTest, removedWordsComeBackAsTheyWere)
     EXPECT_EQ(vocabulary->countAllWords(), 40);
     EXPECT_EQ(vocabulary->allTags().size(), 40);
     EXPECT_EQ(vocabulary->synonymsForWord(*gone[1]).size(), 1);
+
+    // Words without ids are no versions of each other.
+    const TAVWordRef plain = makeWord({.foreignWord = u"same"_s});
+    vocabulary->batchAddWords({plain->copy(), plain});
+    vocabulary->removeWord(plain);
+    vocabulary->restoreWords({plain});
+    EXPECT_TRUE(vocabulary->allWords().contains(plain));
 }
 
 TEST_F(TAVLexiconTest, inputSourceOfAnotherMachineKeepsItsId)
@@ -209,4 +232,10 @@ TEST_F(TAVLexiconTest, inputSourceOfAnotherMachineKeepsItsId)
     EXPECT_EQ(vocabulary.foreignTextInputSource(), german);
     EXPECT_EQ(vocabulary.foreignTextInputSourceId(), u"elsewhere"_s);
     EXPECT_EQ(vocabulary.yourTextInputSource(), nullptr);
+    const platform::InputSourceRef english = services.inputSources.add(u"us"_s);
+    vocabulary.setYourTextInputSourceId(u"us"_s);
+    vocabulary.setYourTextInputSourceId(u"elsewhere"_s);
+    EXPECT_EQ(vocabulary.yourTextInputSource(), english);
+    EXPECT_EQ(vocabulary.yourTextInputSourceId(), u"elsewhere"_s);
+    EXPECT_EQ(vocabulary.foreignTextInputSource(), german);
 }

@@ -120,6 +120,15 @@ TEST_F(TAVStatisticsTest, daysWithoutActivityRepeatTheLast)
         EXPECT_EQ(filled[i]->day(), today().addDays(i - 5)) << i;
     }
 
+    // The clock goes forward on the second day; the days in between are counted in seconds all the same.
+    const QTimeZone berlin("Europe/Berlin");
+    TAVStatistics spring;
+    for (const QDate &day : {QDate(2027, 3, 27), QDate(2027, 3, 31)})
+        spring.addDailySnapshot(snapshot(QDateTime(day, QTime(), berlin), 1));
+    const TAVSnapshotList days = spring.dailySnapshotsIncludingNullDays();
+    ASSERT_EQ(days.size(), 4);
+    EXPECT_EQ(days[2]->day(), QDateTime(QDate(2027, 3, 29), QTime(1, 0), berlin));
+
     // Stamps of a damaged file don't fill the memory.
     TAVStatistics damaged;
     for (int i = 0; i < 100; ++i) {

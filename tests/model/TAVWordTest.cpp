@@ -108,6 +108,7 @@ TEST_F(TAVWordTest, copyIsEqualUntilItIsChanged)
         EXPECT_EQ(word->isEqualToWord(*copy), i > 1) << i;
     }
     EXPECT_EQ(word->tags().size(), 1);
+    EXPECT_EQ(word->description(), u"3 <b = a> c 1 Minute  "_s);
     const TAVWord neverAsked;
     EXPECT_FALSE(neverAsked.isAllPropertiesEqual(neverAsked));
 }

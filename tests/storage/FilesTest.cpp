@@ -1,5 +1,6 @@
 #include "StorageTest.h"
 
+#include "storage/LanguageName.h"
 #include "usage/logging/DDLog.h"
 
 #include <utime.h>
@@ -156,6 +157,9 @@ TEST_F(FilesTest, noSaveLeavesTheVocabularyFolder)
         EXPECT_EQ(services.alerts.shown.first().buttons, QStringList{u"OK"_s});
     }
     EXPECT_EQ(TAVStorageManager::savePathForVocabulary(*makeNamed(u"a/b"_s)), QString());
+    EXPECT_EQ(TAVStorageManager::saveUrlForVocabularyWithName(u"a/b"_s), QUrl());
+    EXPECT_EQ(TAVStorageManager::saveUrlForVocabularyWithName(u"50% ?#"_s),
+              QUrl::fromLocalFile(inVocabularies(u"50% ?#.tavv"_s)));
     EXPECT_EQ(bytesOf(outside), other);
     EXPECT_TRUE(backups().isEmpty());
     for (const QString &name : {u".."_s, u""_s, u"%1 ?"_s}) {
@@ -165,6 +169,41 @@ TEST_F(FilesTest, noSaveLeavesTheVocabularyFolder)
     EXPECT_FALSE(TAVStorageManager::saveVocabularyToLXAFile(makeNamed(u"A"_s), outside + u"/x.lxa"_s));
     EXPECT_FALSE(TAVStorageManager::saveVocabulary(nullptr));
     EXPECT_FALSE(TAVStorageManager::saveVocabularyToLXAFile(nullptr, outside));
+}
+
+TEST_F(FilesTest, aShorterFileReplacesALongerOneWhole)
+{
+    const TAVLexiconRef vocabulary = makeNamed(u"Italian"_s);
+    TAVWordList words;
+    for (int i = 0; i < 500; ++i)
+        words.append(std::make_shared<TAVWord>(QString::number(i), QString::number(i * i), std::nullopt));
+    vocabulary->batchAddWords(words);
+    const std::pair<QString, bool (*)(TAVLexiconRef, const QString &)> forms[] = {
+        {u"a.tavv"_s, TAVStorageManager::saveVocabularyToTAVVFile},
+        {u"a.lxa"_s, TAVStorageManager::saveVocabularyToLXAFile}};
+    for (const auto &[name, save] : forms)
+        ASSERT_TRUE(save(vocabulary, inVocabularies(name)));
+    vocabulary->removeWords(words);
+    for (const auto &[name, save] : forms) {
+        ASSERT_TRUE(save(vocabulary, inVocabularies(name)));
+        ASSERT_TRUE(save(vocabulary, inVocabularies(u"new "_s + name)));
+        EXPECT_EQ(bytesOf(inVocabularies(name)), bytesOf(inVocabularies(u"new "_s + name)));
+    }
+}
+
+TEST_F(FilesTest, aLanguageIsNamedByWhatAFileCanBeCalled)
+{
+    const std::pair<QString, bool> cases[] = {
+        {u"Português (Brasil)"_s, true},
+        {QString(50, u'é'), true},
+        {QString(51, u'é'), false},
+        {u"a/b"_s, false},
+        {u"a\n"_s, false},
+        {u"My.TAVV"_s, false},
+        {QChar(u'\xd800'), false},
+    };
+    for (const auto &[name, isPossible] : cases)
+        EXPECT_EQ(isPossibleLanguageName(name), isPossible) << name.toStdString();
 }
 
 TEST_F(FilesTest, anAbsentPathLeavesALineInTheLog)

@@ -172,7 +172,8 @@ TEST_F(LxaTest, readsTheVariantsOfTextsSetsNumbersAndDates)
            "lastAsked":{"uid":14},"creationID":{"real":8063248000000.0},"modificationID":{"uid":15},
            "wrongAnswerCounter":3,"level":true,"dontAskAgain":1,)",
         R"({"NS.string":"object","$class":{"uid":6}},{"NS.bytes":{"data":"bytes é"},"$class":{"uid":6}},
-           {"NS.objects":[{"uid":13}],"$class":{"uid":5}},"tag",{"NS.time":800000000,"$class":{"uid":7}},99)"));
+           {"NS.objects":[{"uid":13}],"$class":{"uid":16}},"tag",{"NS.time":800000000,"$class":{"uid":7}},99,
+           {"$classname":"OurSet","$classes":["OurSet","NSMutableSet","NSSet","NSObject"]})"));
     ASSERT_TRUE(vocabulary);
     const TAVWordRef word = vocabulary->allWords().first();
     EXPECT_EQ(word->yourWord(), u"object"_s);
@@ -186,6 +187,10 @@ TEST_F(LxaTest, readsTheVariantsOfTextsSetsNumbersAndDates)
     EXPECT_TRUE(word->dontAskAgain());
     EXPECT_EQ(word->level(), 5u);
     EXPECT_EQ(vocabulary->fileNameWhereLoadedFrom(), u"Old one.lxa"_s);
+    const QByteArray fraction = R"({"NS.time":{"real":800000000.25},"$class":{"uid":7}})";
+    const TAVLexiconRef other =
+        load(lexiconWithWord("nativeWords", R"("foreignWord":"x","lastAsked":{"uid":10},)", fraction));
+    EXPECT_EQ(other->allWords().first()->lastAsked().toMSecsSinceEpoch(), 1778307200250);
 }
 
 TEST_F(LxaTest, absentKeysReadByTheirDefaults)
@@ -197,7 +202,8 @@ TEST_F(LxaTest, absentKeysReadByTheirDefaults)
     EXPECT_EQ(empty->statistics()->numberOfDaysRecorded(), 0);
     EXPECT_FALSE(empty->isAutoSelectInputSource());
     EXPECT_EQ(empty->version(), 0);
-    EXPECT_EQ(load(lexicon(R"("language":"Old")"))->foreignLanguageName(), u"Old"_s);
+    EXPECT_EQ(load(lexicon(R"("language":"Old","foreignLanguageName":{"uid":0})"))->foreignLanguageName(),
+              u"Old"_s);
 
     // An absent foreign word takes the other with it.
     const TAVWordRef word =
@@ -281,6 +287,8 @@ TEST_F(LxaTest, damagedArchivesGiveTheAlert)
         {"count beyond the file", rawList({"\xaf\x13\x7f\xff\xff\xff\xff\xff\xff\xff"})},
         {"text beyond the file", rawList({"\x6f\x13\x7f\xff\xff\xff\xff\xff\xff\xff"})},
         {"null within a text", QByteArray(whole).replace("long text", QByteArrayView("long\0text", 9))},
+        {"null within a wide text",
+         lexicon(R"("language":"日本")").replace(QByteArrayView("\x65\xe5", 2), QByteArrayView("\0\0", 2))},
         {"number as a key", rawList({QByteArray("\xd1\x01\x01"), "\x10\x05"})},
         {"deep nesting", rawList(doubling)},
         {"references that double at each step", rawList(nested)},

@@ -10,6 +10,7 @@ QJsonObject savedMap(const TAVLexiconRef &vocabulary)
 {
     EXPECT_TRUE(TAVStorageManager::saveVocabulary(vocabulary));
     const QByteArray file = bytesOf(TAVStorageManager::savePathForVocabulary(*vocabulary));
+    EXPECT_TRUE(file.startsWith("BZh9")) << "blocks of 900 kB";
     return QJsonDocument::fromJson(bunzip2(file)).object();
 }
 
@@ -46,7 +47,7 @@ TEST_F(TavvTest, writesEveryTopLevelKeyAndNoDefaultOfAWord)
 {
     const TAVLexiconRef vocabulary = makeNamed(u"Italian"_s);
     const auto full = std::make_shared<TAVWord>(u" \"to\" go\\\n "_s, u"andare"_s, u"\u0001 \U0001F600"_s);
-    full->setTags({u"verbs"_s, u"é"_s});
+    full->setTags({u"verbs"_s, u"é"_s, u"Verbs"_s});
     full->setLastAsked(QDateTime::fromMSecsSinceEpoch(1794897813987, Qt::UTC));
     full->setModificationID(1791280632);
     full->setFallenDownCounter(6);
@@ -56,17 +57,25 @@ TEST_F(TavvTest, writesEveryTopLevelKeyAndNoDefaultOfAWord)
     vocabulary->addWordWithID(full, 8063248000003);
     vocabulary->addWordWithID(plain, 0);
     vocabulary->setYourFacultativeWords({u"to"_s});
+    vocabulary->setForeignFacultativeWords({u"il"_s, u"la"_s});
+    vocabulary->setYourTextInputSourceId(u"us"_s);
+    vocabulary->setForeignTextInputSourceId(u"it"_s);
+    vocabulary->setIsAutoSelectInputSource(false);
+    vocabulary->setIsDisableMisspellRecognition(true);
     vocabulary->setNeedsSync(true);
     vocabulary->setVersion(7);
+    for (int level = 0; level < 6; ++level)
+        vocabulary->statistics()->lastSnapshot()->setNumberOfWordsInLevel(level, level * 10);
 
     const QJsonObject saved = savedMap(vocabulary);
     const QJsonObject empty{{u"words"_s, QJsonArray()}};
-    const QJsonObject today{{u"day"_s, 1794960000}};
+    const QJsonObject today{{u"day"_s, 1794960000}, {u"noUST"_s, 10}, {u"noST"_s, 20},
+                            {u"noMT"_s, 30},        {u"noLT"_s, 40},  {u"noN"_s, 50}};
     const QJsonObject expectedFull{{u"yw"_s, u"\"to\" go\\"_s},
                                    {u"fw"_s, u"andare"_s},
                                    {u"c"_s, u"\u0001 \U0001F600"_s},
                                    {u"la"_s, 1794897813},
-                                   {u"t"_s, QJsonArray{u"verbs"_s, u"é"_s}},
+                                   {u"t"_s, QJsonArray{u"verbs"_s, u"é"_s, u"Verbs"_s}},
                                    {u"cid"_s, qint64(8063248000003)},
                                    {u"mid"_s, 1791280632},
                                    {u"daa"_s, true},
@@ -83,17 +92,32 @@ TEST_F(TavvTest, writesEveryTopLevelKeyAndNoDefaultOfAWord)
                                {u"foreignLanguageName"_s, u"Italian"_s},
                                {u"yourLanguageName"_s, u"English"_s},
                                {u"yourFacultativeWords"_s, QJsonArray{u"to"_s}},
-                               {u"foreignFacultativeWords"_s, QJsonArray()},
+                               {u"foreignFacultativeWords"_s, QJsonArray{u"il"_s, u"la"_s}},
                                {u"statistics"_s, QJsonObject{{u"dailySnapshots"_s, QJsonArray{today}}}},
-                               {u"yourTextInputSourceName"_s, QString()},
-                               {u"foreignTextInputSourceName"_s, QString()},
-                               {u"isAutoSelectInputSource"_s, true},
-                               {u"isDisableMisspellRecognition"_s, false},
+                               {u"yourTextInputSourceName"_s, u"us"_s},
+                               {u"foreignTextInputSourceName"_s, u"it"_s},
+                               {u"isAutoSelectInputSource"_s, false},
+                               {u"isDisableMisspellRecognition"_s, true},
                                {u"isDirty"_s, true},
                                {u"version"_s, 7}};
     EXPECT_EQ(QJsonDocument(saved).toJson().toStdString(), QJsonDocument(expected).toJson().toStdString());
     EXPECT_EQ(vocabulary->dictionaryRepresentation(), expected);
     EXPECT_TRUE(vocabulary->needsSync());
+
+    // What is written in either form is read again, key by key.
+    vocabulary->removeWord(plain);
+    full->setLastAsked(QDateTime::fromSecsSinceEpoch(1794897813, Qt::UTC));
+    QJsonObject map = vocabulary->dictionaryRepresentation();
+    EXPECT_EQ(TAVLexicon::initWithDictionary(map)->dictionaryRepresentation(), map);
+    EXPECT_EQ(TAVLexicon::initWithJson(vocabulary->jsonRepresentation())->dictionaryRepresentation(), map);
+    const QString archive = inVocabularies(u"x.lxa"_s);
+    ASSERT_TRUE(TAVStorageManager::saveVocabularyToLXAFile(vocabulary, archive));
+    EXPECT_EQ(TAVStorageManager::vocabularyFromFile(archive)->dictionaryRepresentation(), map);
+
+    // An archive can't hold a null; the rest of the text must not go with it.
+    full->setComment(u"a"_s + QChar::Null + u"b"_s);
+    ASSERT_TRUE(TAVStorageManager::saveVocabularyToLXAFile(vocabulary, archive));
+    EXPECT_EQ(TAVStorageManager::vocabularyFromFile(archive)->allWords().first()->comment(), u"a\uFFFDb"_s);
 }
 
 TEST_F(TavvTest, absentNamesAreWrittenByTheirDefaults)
@@ -119,6 +143,8 @@ TEST_F(TavvTest, readsAbsentKeysByTheirDefaults)
     EXPECT_FALSE(vocabulary->yourTextInputSourceId());
     EXPECT_EQ(vocabulary->fileNameWhereLoadedFrom(), u"File.tavv"_s);
     EXPECT_EQ(loadJson("{}")->language(), u"No name"_s);
+    const TAVLexiconRef dayless = loadJson(R"({"statistics":{"dailySnapshots":[{}]}})");
+    EXPECT_EQ(dayless->statistics()->lastSnapshot()->day().toSecsSinceEpoch(), 0);
     EXPECT_EQ(loadJson(R"({"version":-3})")->version(), 0);
 }
 
@@ -154,6 +180,7 @@ TEST_F(TavvTest, wordsWithoutIdsGetABlockOfIds)
     for (const TAVWordRef &word : vocabulary->allWords())
         ids.append(word->creationID());
     EXPECT_EQ(ids, QList<qint64>({1200000, 77, 1200001, 1200002}));
+    EXPECT_EQ(loadJson(R"({"unknownWords":{"words":[{},{}],"words":[{}]}})")->countAllWords(), 1);
     EXPECT_FALSE(vocabulary->needsSync());
 }
 
@@ -176,11 +203,15 @@ TEST_F(TavvTest, textsAreTrimmedAndDaysRoundedOnReading)
 TEST_F(TavvTest, inputSourcesAreFoundByTheirIds)
 {
     const platform::InputSourceRef source = services.inputSources.add(u"us"_s);
+    const platform::InputSourceRef italian = services.inputSources.add(u"it"_s);
     const TAVLexiconRef vocabulary =
         loadJson(R"({"yourTextInputSourceName":"us","foreignTextInputSourceName":""})");
     EXPECT_EQ(vocabulary->yourTextInputSource(), source);
     EXPECT_EQ(vocabulary->foreignTextInputSourceId(), QString());
     EXPECT_FALSE(vocabulary->foreignTextInputSource());
+    const TAVLexiconRef other = loadJson(R"({"foreignTextInputSourceName":"it"})");
+    EXPECT_EQ(other->foreignTextInputSource(), italian);
+    EXPECT_FALSE(other->yourTextInputSource());
 }
 
 TEST_F(TavvTest, readsWhatItCanOfTheWrongShape)
