@@ -107,12 +107,12 @@ QUrl TAVStorageManager::saveUrlForVocabularyWithName(const QString &name)
     return path.isEmpty() ? QUrl() : QUrl::fromLocalFile(path);
 }
 
-bool TAVStorageManager::saveVocabulary(const TAVLexiconRef &vocabulary)
+bool TAVStorageManager::saveVocabulary(TAVLexiconRef vocabulary)
 {
     return vocabulary && saveVocabularyToTAVVFile(vocabulary, savePathForVocabulary(*vocabulary));
 }
 
-bool TAVStorageManager::saveVocabularyToTAVVFile(const TAVLexiconRef &vocabulary, const QString &path)
+bool TAVStorageManager::saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const QString &path)
 {
     if (!vocabulary)
         return false;
@@ -136,7 +136,7 @@ bool TAVStorageManager::saveVocabularyToTAVVFile(const TAVLexiconRef &vocabulary
     return true;
 }
 
-bool TAVStorageManager::saveVocabularyToLXAFile(const TAVLexiconRef &vocabulary, const QString &path)
+bool TAVStorageManager::saveVocabularyToLXAFile(TAVLexiconRef vocabulary, const QString &path)
 {
     if (!vocabulary)
         return false;

@@ -21,9 +21,9 @@ public:
     static QUrl saveUrlForVocabularyWithName(const QString &name);
 
     /** The ordinary save, after each change. False when nothing was written or the write failed. */
-    static bool saveVocabulary(const TAVLexiconRef &vocabulary);
-    static bool saveVocabularyToTAVVFile(const TAVLexiconRef &vocabulary, const QString &path);
-    static bool saveVocabularyToLXAFile(const TAVLexiconRef &vocabulary, const QString &path);
+    static bool saveVocabulary(TAVLexiconRef vocabulary);
+    static bool saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const QString &path);
+    static bool saveVocabularyToLXAFile(TAVLexiconRef vocabulary, const QString &path);
 
     /** Chooses the form by the extension. Absent when the file cannot be had. */
     static TAVLexiconRef vocabularyFromFile(const QString &path);
