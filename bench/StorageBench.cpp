@@ -73,7 +73,7 @@ void decompressionInOneTry(benchmark::State &state)
 {
     SavedVocabulary saved(state.range(0));
     for (auto _ : state) {
-        QByteArray buffer(storage::longestReadJson, '\0');
+        QByteArray buffer(storage::maxReadableJson, '\0');
         auto length = unsigned(buffer.size());
         benchmark::DoNotOptimize(BZ2_bzBuffToBuffDecompress(buffer.data(), &length, saved.packed.data(),
                                                             unsigned(saved.packed.size()), 0, 0));

@@ -177,8 +177,8 @@ char *JsonTextSink::room(qsizetype size)
 void JsonTextSink::appendText(QStringView text)
 {
     // The longest form of a character is an escape by number.
-    constexpr qsizetype longestEscape = 6;
-    char *const start = room(text.size() * longestEscape + 2);
+    constexpr qsizetype maxEscapeLength = 6;
+    char *const start = room(text.size() * maxEscapeLength + 2);
     char *out = start;
     *out++ = '"';
     const char16_t *const end = text.utf16() + text.size();

@@ -1,5 +1,6 @@
 #include "model/JsonTextSource.h"
 
+#include "files/Utf8.h"
 #include "model/CodingNumbers.h"
 
 #include <charconv>
@@ -9,23 +10,12 @@ namespace {
 /** Deeper nesting counts as no JSON, as recursion must end somewhere. */
 constexpr int maxNesting = 1024;
 
-constexpr QByteArrayView byteOrderMark = "\xef\xbb\xbf";
-
-/** The plain conversion takes a mark at the start for the beginning of a file and drops it. */
-QString textFromUtf8(QByteArrayView bytes)
-{
-    QString text = QString::fromUtf8(bytes);
-    if (bytes.startsWith(byteOrderMark))
-        text.prepend(QChar::ByteOrderMark);
-    return text;
-}
-
 } // namespace
 
 bool JsonTextSource::readRecord(QByteArrayView json, const Read &read)
 {
-    if (json.startsWith(byteOrderMark))
-        json = json.sliced(byteOrderMark.size());
+    if (json.startsWith(files::byteOrderMark))
+        json = json.sliced(files::byteOrderMark.size());
     if (!json.isValidUtf8())
         return false;
     JsonTextSource source(json);
@@ -311,7 +301,7 @@ QString JsonTextSource::textValue()
     expect('"');
     bool hasEscapes = false;
     const QByteArrayView raw = rawText(hasEscapes);
-    return hasEscapes ? unescaped(raw) : textFromUtf8(raw);
+    return hasEscapes ? unescaped(raw) : files::textFromUtf8(raw);
 }
 
 QString JsonTextSource::sharedTextValue()
@@ -330,7 +320,7 @@ QString JsonTextSource::unescaped(QByteArrayView raw)
     QString text;
     while (!raw.isEmpty()) {
         const qsizetype escape = raw.indexOf('\\');
-        text += textFromUtf8(raw.first(escape < 0 ? raw.size() : escape));
+        text += files::textFromUtf8(raw.first(escape < 0 ? raw.size() : escape));
         if (escape < 0)
             break;
         static constexpr QByteArrayView letters = "\"\\/bfnrt";

@@ -139,7 +139,7 @@ qint64 TAVStatistics::wordsLearnedTotal() const
 TAVSnapshotList TAVStatistics::dailySnapshotsIncludingNullDays() const
 {
     // More days than anybody can have learned stand only in a damaged file; they would fill all memory.
-    constexpr qint64 mostFillers = 100000;
+    constexpr qint64 maxFillers = 100000;
     TAVSnapshotList all;
     qint64 fillers = 0;
     for (const TAVSnapshotRef &snapshot : m_dailySnapshots) {
@@ -147,7 +147,7 @@ TAVSnapshotList TAVStatistics::dailySnapshotsIncludingNullDays() const
             const TAVSnapshotRef earlier = all.last();
             const qint64 days =
                 earlier->day().msecsTo(snapshot->day()) / (secondsPerDay * millisecondsPerSecond);
-            const bool fits = days - 1 <= mostFillers - fillers;
+            const bool fits = days - 1 <= maxFillers - fillers;
             for (qint64 day = 1; fits && day < days; ++day, ++fillers) {
                 const auto filler = std::make_shared<TAVDailyStatisticsSnapshot>(*earlier);
                 filler->setDay(earlier->day().addSecs(day * secondsPerDay));

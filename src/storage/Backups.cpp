@@ -1,11 +1,10 @@
 #include "storage/Backups.h"
 
 #include "app/ground/AppGround.h"
+#include "files/Files.h"
 #include "platform/Services.h"
 
 #include <QDateTime>
-#include <QDirIterator>
-#include <QFile>
 #include <QFileInfo>
 #include <QMutex>
 
@@ -50,6 +49,39 @@ bool takeTurn(const QString &fileName, const QDateTime &now)
     return true;
 }
 
+struct FolderContent
+{
+    /** All entries, folders too. */
+    quint64 total = 0;
+    /** The paths of those that are no folders and older than 30 days. */
+    QStringList old;
+};
+
+/** What the folder and the folders below it hold, hidden files left out. */
+FolderContent contentOf(const QString &folder, const QDateTime &now)
+{
+    constexpr qint64 thirtyDays = qint64(2592000) * 1000;
+    FolderContent content;
+    QStringList folders = {folder};
+    while (!folders.isEmpty()) {
+        const QString parent = folders.takeFirst();
+        const files::Result<QList<files::Entry>> entries = files::list(parent);
+        if (!entries)
+            continue;
+        for (const files::Entry &entry : *entries) {
+            if (entry.name.startsWith(u'.'))
+                continue;
+            ++content.total;
+            const QString path = parent + u'/' + entry.name;
+            if (entry.isFolder)
+                folders.append(path);
+            else if (entry.modified.isValid() && entry.modified.msecsTo(now) > thirtyDays)
+                content.old.append(path);
+        }
+    }
+    return content;
+}
+
 } // namespace
 
 namespace storage {
@@ -58,33 +90,22 @@ void backUpIfDue(const QString &savedPath)
 {
     const QString fileName = QFileInfo(savedPath).fileName();
     const QDateTime now = platform::clock().now();
-    if (takeTurn(fileName, now))
-        QFile::copy(savedPath, AppGround::backupFolderPath() + u'/' + backupName(fileName, now));
+    if (!takeTurn(fileName, now))
+        return;
+    const QString backup = AppGround::backupFolderPath() + u'/' + backupName(fileName, now);
+    // The save has succeeded, whatever becomes of its copy.
+    std::ignore = files::copy(savedPath, backup);
 }
 
 void tidyBackupsIn(const QString &folder)
 {
-    constexpr qint64 thirtyDays = qint64(2592000) * 1000;
-    const QDateTime now = platform::clock().now();
-    quint64 total = 0;
-    QStringList old;
-    // System entries are counted too: dead links and the like are no folders either.
-    QDirIterator entries(folder, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot,
-                         QDirIterator::Subdirectories);
-    while (entries.hasNext()) {
-        entries.next();
-        const QFileInfo info = entries.fileInfo();
-        ++total;
-        const bool isFolder = info.isDir() && !info.isSymLink();
-        if (!isFolder && info.lastModified().isValid() && info.lastModified().msecsTo(now) > thirtyDays)
-            old.append(info.filePath());
-    }
+    const FolderContent content = contentOf(folder, platform::clock().now());
     // Below 20 entries this wraps around to a huge number, so that every old backup may go.
-    const quint64 mostToDelete = total - 20;
-    if (quint64(old.size()) >= mostToDelete)
+    const quint64 numberToStayBelow = content.total - 20;
+    if (quint64(content.old.size()) >= numberToStayBelow)
         return;
-    for (const QString &path : std::as_const(old))
-        QFile::remove(path);
+    for (const QString &path : content.old)
+        std::ignore = files::remove(path);
 }
 
 void forgetLastBackup()

@@ -5,13 +5,13 @@
 namespace {
 
 /** A file name holds 255 bytes: two language names, and in a backup's name date, time and extension. */
-constexpr qsizetype mostBytes = 100;
+constexpr qsizetype maxBytes = 100;
 
 } // namespace
 
 bool isPossibleLanguageName(const QString &name)
 {
-    if (!name.isValidUtf16() || name.toUtf8().size() > mostBytes)
+    if (!name.isValidUtf16() || name.toUtf8().size() > maxBytes)
         return false;
     // A file that holds its extension twice is not found again.
     if (name.contains(QLatin1String(".tavv"), Qt::CaseInsensitive))

@@ -1,6 +1,7 @@
 #include "storage/TAVStorageManager.h"
 
 #include "app/ground/AppGround.h"
+#include "files/Files.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "storage/Backups.h"
@@ -10,7 +11,6 @@
 #include "usage/logging/DDLog.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonParseError>
 #include <QThread>
@@ -40,6 +40,18 @@ QString nameOfFailure(Failure failure)
     return QStringLiteral("(Write error)");
 }
 
+/** The last path component without its extension. */
+QString nameForMessages(const QString &path)
+{
+    return QFileInfo(path).completeBaseName();
+}
+
+/** The alerts' texts tell that a file couldn't be had; why stands in the log. */
+void logFailure(const char *operation, const QString &path, const files::Error &error)
+{
+    DDLogError(QStringLiteral("StorageM > %1 > %2: %3").arg(QLatin1String(operation), path, error.text()));
+}
+
 int showError(const QString &text, const QStringList &buttons, const QString &additionalLine = {})
 {
     return platform::services().alerts->show({u"Error"_s, text, buttons, additionalLine});
@@ -62,7 +74,7 @@ void showLoadFailure(const QString &path, Failure failure)
     const QString text = QStringLiteral("The selected language '%1' could not be loaded. %2\nGo to "
                                         "'~/Library/Application Support/Tavimo/Backups' to restore from the "
                                         "last backup copy.");
-    const int button = showError(text.arg(storage::nameForMessages(path), nameOfFailure(failure)),
+    const int button = showError(text.arg(nameForMessages(path), nameOfFailure(failure)),
                                  {u"OK"_s, u"Go to backups folder"_s}, backupFolder);
     if (button == 1)
         openBackupFolder(backupFolder);
@@ -117,7 +129,7 @@ bool TAVStorageManager::saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const
     if (!vocabulary)
         return false;
     const QByteArray json = vocabulary->jsonRepresentation();
-    if (json.size() > storage::longestJson) {
+    if (json.size() > storage::maxWritableJson) {
         QJsonParseError error;
         error.error = QJsonParseError::DocumentTooLarge;
         showError(error.errorString(), {u"OK"_s});
@@ -128,7 +140,8 @@ bool TAVStorageManager::saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const
         showSaveFailure(*vocabulary, Failure::Compression);
         return false;
     }
-    if (!storage::writePlainly(path, *compressed)) {
+    if (const files::Result<> written = files::writeInPlace(path, *compressed); !written) {
+        logFailure("saveVoc", path, written.error());
         showSaveFailure(*vocabulary, Failure::Write);
         return false;
     }
@@ -143,7 +156,10 @@ bool TAVStorageManager::saveVocabularyToLXAFile(TAVLexiconRef vocabulary, const 
     const QByteArray archive = ArchiveEncoder::archive(
         archiveRootClass, [&vocabulary](ArchiveEncoder &encoder) { vocabulary->encodeWithCoder(encoder); });
     platform::diagnosticLog(u"VocController > saveVoc > created lxa data"_s);
-    if (archive.isEmpty() || !storage::writePlainly(path, archive)) {
+    const files::Result<> written =
+        archive.isEmpty() ? files::Result<>(files::Error()) : files::writeInPlace(path, archive);
+    if (!written) {
+        logFailure("saveVoc", path, written.error());
         showSaveFailure(*vocabulary, Failure::Write);
         return false;
     }
@@ -165,12 +181,14 @@ TAVLexiconRef TAVStorageManager::vocabularyFromTAVVFile(const std::optional<QStr
         DDLogError(u"StorageM > vocFromTAVVFile > path is nil"_s);
         return nullptr;
     }
-    const std::optional<QByteArray> bytes = storage::readUncached(*path, storage::longestCompressedJson);
-    if (!bytes) {
+    const files::Result<QByteArray> bytes = files::read(*path, storage::maxReadableFile);
+    if (!bytes && !bytes.failedBy(files::Reason::TooLarge)) {
+        logFailure("vocFromTAVVFile", *path, bytes.error());
         showLoadFailure(*path, Failure::FileRead);
         return nullptr;
     }
-    const std::optional<QByteArray> json = storage::decompressed(*bytes);
+    // What is too large to be read is too large to be decompressed.
+    const std::optional<QByteArray> json = bytes ? storage::decompressed(*bytes) : std::nullopt;
     if (!json) {
         showLoadFailure(*path, Failure::Decompression);
         return nullptr;
@@ -184,10 +202,11 @@ TAVLexiconRef TAVStorageManager::vocabularyFromLXAFile(const std::optional<QStri
         DDLogError(u"StorageM > vocFromTAVVFile > path is nil"_s);
         return nullptr;
     }
-    if (!QFileInfo::exists(*path))
+    const files::Result<QByteArray> bytes = files::read(*path, ArchiveDecoder::maxBytes);
+    if (bytes.failedBy(files::Reason::NotFound))
         return nullptr;
-    // One byte more than is accepted, so that a longer archive isn't taken for a whole one.
-    const std::optional<QByteArray> bytes = storage::readUncached(*path, ArchiveDecoder::mostBytes + 1);
+    if (!bytes)
+        logFailure("vocFromLXAFile", *path, bytes.error());
     TAVLexiconRef vocabulary;
     const bool isRead = bytes && ArchiveDecoder::unarchive(
                                      *bytes, archiveRootClass, [&vocabulary](const ArchiveDecoder &decoder) {
@@ -195,7 +214,7 @@ TAVLexiconRef TAVStorageManager::vocabularyFromLXAFile(const std::optional<QStri
                                      });
     if (!isRead) {
         const QString text = QStringLiteral("The selected language '%1' could not be loaded.");
-        showError(text.arg(storage::nameForMessages(*path)), {u"OK"_s});
+        showError(text.arg(nameForMessages(*path)), {u"OK"_s});
         return nullptr;
     }
     return vocabulary;

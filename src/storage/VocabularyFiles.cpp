@@ -1,10 +1,6 @@
 #include "storage/VocabularyFiles.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 #include <bzlib.h>
-#include <fcntl.h>
 
 namespace storage {
 
@@ -29,7 +25,7 @@ std::optional<QByteArray> decompressed(const QByteArray &bytes)
     constexpr int verbosity = 0;
     QByteArray buffer;
     int code = BZ_OUTBUFF_FULL;
-    for (const qsizetype size : {qsizetype(0x80000), longestReadJson}) {
+    for (const qsizetype size : {qsizetype(0x80000), maxReadableJson}) {
         if (code != BZ_OUTBUFF_FULL)
             break;
         buffer.fill('\0', size);
@@ -40,37 +36,6 @@ std::optional<QByteArray> decompressed(const QByteArray &bytes)
             buffer.truncate(qsizetype(length));
     }
     return code == BZ_OK ? std::optional(buffer) : std::nullopt;
-}
-
-std::optional<QByteArray> readUncached(const QString &path, qsizetype mostBytes)
-{
-    QFile file(path);
-    // Anything but a regular file could go on for ever, or wait for somebody to write to it.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return std::nullopt;
-    const QByteArray bytes = file.read(std::min<qint64>(mostBytes, file.size()));
-    if (file.error() != QFileDevice::NoError)
-        return std::nullopt;
-    posix_fadvise(file.handle(), 0, 0, POSIX_FADV_DONTNEED);
-    return bytes;
-}
-
-bool writePlainly(const QString &path, const QByteArray &bytes)
-{
-    const QFileInfo present(path);
-    if (path.isEmpty() || present.isSymLink() || (present.exists() && !present.isFile()))
-        return false;
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
-        return false;
-    const bool isWritten = file.write(bytes) == bytes.size();
-    file.close();
-    return isWritten && file.error() == QFileDevice::NoError;
-}
-
-QString nameForMessages(const QString &path)
-{
-    return QFileInfo(path).completeBaseName();
 }
 
 } // namespace storage

@@ -1,6 +1,7 @@
 #include "app/ground/AppGround.h"
 
 #include "app/ground/TAVFile.h"
+#include "files/RecordingOperations.h"
 #include "platform/Texts.h"
 #include "support/TestServices.h"
 
@@ -119,6 +120,14 @@ TEST_F(AppGroundTest, listsVocabulariesAndDeletesConflictedCopies)
     paths.sort();
     expected.sort();
     EXPECT_EQ(paths, expected);
+
+    // One that can't be deleted isn't a language all the same.
+    touch(folder + QStringLiteral("/Copy (1).tavv"));
+    RecordingOperations operations;
+    operations.fail("remove", 1, EPERM);
+    EXPECT_EQ(AppGround::loadAllAvailableLanguages().size(), expected.size());
+    operations.fail("list", 1, EACCES);
+    EXPECT_TRUE(AppGround::loadAllAvailableLanguages().isEmpty());
 }
 
 TEST_F(AppGroundTest, todayBeginsAtLocalMidnight)

@@ -1,8 +1,12 @@
 #include "StorageTest.h"
 
+#include "files/RecordingOperations.h"
 #include "storage/LanguageName.h"
 #include "usage/logging/DDLog.h"
 
+#include <QRegularExpression>
+
+#include <thread>
 #include <utime.h>
 
 #include <sys/stat.h>
@@ -47,21 +51,28 @@ TEST_F(FilesTest, tidyingDeletesAllOldBackupsOrNone)
         int old;
         int left;
     };
-    const Case cases[] = {{30, 5, 25}, {30, 9, 21}, {30, 10, 30}, {20, 1, 20}, {19, 18, 1}, {19, 1, 18}};
+    const Case cases[] = {{30, 5, 25}, {30, 9, 21}, {30, 10, 30}, {20, 1, 20}, {19, 17, 2}, {19, 1, 18}};
     const QString folder = AppGround::backupFolderPath();
+    const auto makeOlder = [this](const QString &path, qint64 seconds) {
+        const time_t time = services.clock.now().toSecsSinceEpoch() - seconds;
+        const utimbuf times{time, time};
+        EXPECT_EQ(utime(QFile::encodeName(path).constData(), &times), 0);
+    };
+    const QString elsewhere = services.directory.path() + u"/elsewhere"_s;
+    ASSERT_TRUE(QDir().mkpath(elsewhere));
+    writeBytes(elsewhere + u"/old"_s, "x");
+    makeOlder(elsewhere + u"/old"_s, 2592001);
     for (const Case &c : cases) {
         SCOPED_TRACE(std::to_string(c.total) + " " + std::to_string(c.old));
         QDir(folder).removeRecursively();
         ASSERT_TRUE(QDir().mkpath(folder + u"/sub"_s));
-        // The subfolder counts as one of all entries; a hidden file doesn't.
+        // The subfolder and the link count among all entries; a hidden file doesn't.
         writeBytes(folder + u"/.hidden"_s, "x");
-        for (int i = 0; i < c.total - 1; ++i) {
+        ASSERT_TRUE(QFile::link(elsewhere, folder + u"/link"_s));
+        for (int i = 0; i < c.total - 2; ++i) {
             const QString path = folder + (i % 2 ? u"/sub/"_s : u"/"_s) + QString::number(i);
             writeBytes(path, "x");
-            const qint64 age = i < c.old ? 2592001 : 2592000;
-            const time_t time = services.clock.now().toSecsSinceEpoch() - age;
-            const utimbuf times{time, time};
-            utime(QFile::encodeName(path).constData(), &times);
+            makeOlder(path, i < c.old ? 2592001 : 2592000);
         }
         TAVStorageManager::tidyBackups();
         services.queues.drain();
@@ -71,6 +82,7 @@ TEST_F(FilesTest, tidyingDeletesAllOldBackupsOrNone)
             ++left;
         EXPECT_EQ(left, c.left);
         EXPECT_TRUE(QFileInfo::exists(folder + u"/.hidden"_s));
+        EXPECT_TRUE(QFileInfo::exists(elsewhere + u"/old"_s));
     }
 }
 
@@ -130,6 +142,7 @@ TEST_F(FilesTest, aFileThatNeverEndsIsNotReadToItsEnd)
         writeBytes(huge, start);
         ASSERT_TRUE(QFile::resize(huge, qint64(1) << 40));
         EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(huge));
+        EXPECT_TRUE(services.alerts.shown.last().text.contains(u"(Decompression error)"_s));
         EXPECT_FALSE(TAVStorageManager::vocabularyFromLXAFile(huge));
     }
 }
@@ -206,7 +219,7 @@ TEST_F(FilesTest, aLanguageIsNamedByWhatAFileCanBeCalled)
         EXPECT_EQ(isPossibleLanguageName(name), isPossible) << name.toStdString();
 }
 
-TEST_F(FilesTest, anAbsentPathLeavesALineInTheLog)
+TEST_F(FilesTest, aFailureLeavesItsReasonInTheLog)
 {
     class Listener : public DDAbstractLogger
     {
@@ -222,7 +235,66 @@ TEST_F(FilesTest, anAbsentPathLeavesALineInTheLog)
     DDLog::addLogger(listener, ddlog::flagError);
     EXPECT_FALSE(TAVStorageManager::vocabularyFromTAVVFile(std::nullopt));
     EXPECT_FALSE(TAVStorageManager::vocabularyFromLXAFile(std::nullopt));
-    DDLog::removeLogger(listener);
     EXPECT_EQ(listener->lines, QStringList(2, u"StorageM > vocFromTAVVFile > path is nil"_s));
     EXPECT_TRUE(services.alerts.shown.isEmpty());
+
+    listener->lines.clear();
+    const QString path = inVocabularies(u"a.tavv"_s);
+    const QString archive = inVocabularies(u"a.lxa"_s);
+    const QString failures[] = {u"(Write error)"_s, u"(Write error)"_s, u"(File read error)"_s, u"loaded."_s};
+    RecordingOperations operations;
+    for (const int n : {1, 2})
+        operations.fail("write", n, ENOSPC);
+    EXPECT_FALSE(TAVStorageManager::saveVocabularyToTAVVFile(makeNamed(u"A"_s), path));
+    EXPECT_FALSE(TAVStorageManager::saveVocabularyToLXAFile(makeNamed(u"A"_s), archive));
+    EXPECT_TRUE(backups().isEmpty());
+    for (const int n : {1, 2})
+        operations.fail("read", n, EIO);
+    writeBytes(path, bzip2("{}"));
+    writeBytes(archive, "x");
+    EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(path));
+    EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(archive));
+    DDLog::removeLogger(listener);
+    const QString noSpace = qt_error_string(ENOSPC);
+    const QString inputOutput = qt_error_string(EIO);
+    EXPECT_EQ(listener->lines,
+              QStringList({u"StorageM > saveVoc > "_s + path + u": "_s + noSpace,
+                           u"StorageM > saveVoc > "_s + archive + u": "_s + noSpace,
+                           u"StorageM > vocFromTAVVFile > "_s + path + u": "_s + inputOutput,
+                           u"StorageM > vocFromLXAFile > "_s + archive + u": "_s + inputOutput}));
+    ASSERT_EQ(services.alerts.shown.size(), 4);
+    for (qsizetype i = 0; i < 4; ++i)
+        EXPECT_TRUE(services.alerts.shown[i].text.contains(failures[i])) << i;
+}
+
+TEST_F(FilesTest, aSaveWritesOnceInPlaceAndThenCopies)
+{
+    const TAVLexiconRef vocabulary = makeNamed(u"A"_s);
+    RecordingOperations operations;
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(vocabulary));
+    const QStringList changes = operations.calls.filter(QRegularExpression(u"^(open|write|remove|close)"_s));
+    EXPECT_EQ(changes,
+              QStringList({u"open A - English.tavv"_s, u"write"_s, u"close"_s, u"open A - English.tavv"_s,
+                           u"open "_s + backups().value(0), u"write"_s, u"close"_s, u"close"_s}));
+    // A save that succeeded stays one when its copy fails.
+    services.clock.advanceSeconds(901);
+    operations.fail("write", 2, ENOSPC);
+    EXPECT_TRUE(TAVStorageManager::saveVocabulary(makeNamed(u"B"_s)));
+    EXPECT_EQ(backups().size(), 1);
+    EXPECT_TRUE(services.alerts.shown.isEmpty());
+}
+
+TEST_F(FilesTest, offTheMainThreadNoKeyboardIsAskedAndNoProgramStarted)
+{
+    services.inputSources.add(u"us"_s);
+    const QString path = inVocabularies(u"a.tavv"_s);
+    writeBytes(path, bzip2(R"({"yourTextInputSourceName":"us"})"));
+    services.alerts.answerNext(1);
+    std::thread([&] {
+        EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(path)->yourTextInputSource());
+        EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(inVocabularies(u"none.tavv"_s)));
+    }).join();
+    EXPECT_TRUE(services.browser.openedFolders.isEmpty());
+    services.queues.drain();
+    EXPECT_EQ(services.browser.openedFolders, QStringList{AppGround::backupFolderPath()});
 }

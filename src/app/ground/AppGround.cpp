@@ -1,15 +1,12 @@
 #include "app/ground/AppGround.h"
 
 #include "app/ground/TAVFile.h"
+#include "files/Files.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
 
 #include <unicode/locid.h>
 
@@ -33,11 +30,10 @@ RunState &state()
     return runState;
 }
 
-/** Only the last folder of the path is made; a failure shows when something is written there. */
 QString madeFolder(const QString &path)
 {
-    if (!path.isEmpty() && !QFileInfo::exists(path))
-        QDir().mkdir(path);
+    // A failure shows when something is written there.
+    std::ignore = files::makeFolder(path);
     return path;
 }
 
@@ -67,7 +63,7 @@ QString phrase(const char *key, qint64 number)
 QString AppGround::applicationSupportFolder()
 {
     RunState &run = state();
-    if (!run.supportPath.isEmpty() && QFileInfo::exists(run.supportPath))
+    if (files::exists(run.supportPath))
         return run.supportPath;
 
     const QStringList folders = platform::services().folders->applicationSupportDirectories();
@@ -113,25 +109,22 @@ QString AppGround::downloadFolderPath()
 
 QList<std::shared_ptr<TAVFile>> AppGround::loadAllAvailableLanguages()
 {
-    QList<std::shared_ptr<TAVFile>> files;
+    QList<std::shared_ptr<TAVFile>> languages;
     const QString folder = vocabularyFolderPath();
-    // Without a folder of its own the program must not go through the current one, as files are deleted
-    // below.
-    if (folder.isEmpty())
-        return files;
-    QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    while (entries.hasNext()) {
-        entries.next();
-        const QString name = entries.fileName();
-        if (!isVocabularyFileName(name))
+    const files::Result<QList<files::Entry>> entries = files::list(folder);
+    if (!entries)
+        return languages;
+    for (const files::Entry &entry : *entries) {
+        if (!isVocabularyFileName(entry.name))
             continue;
-        const QString path = folder + u'/' + name;
-        if (name.endsWith(QLatin1String(").tavv")))
-            QFile::remove(path);
+        const QString path = folder + u'/' + entry.name;
+        // One that can't be removed now is met again at the next listing.
+        if (entry.name.endsWith(QLatin1String(").tavv")))
+            std::ignore = files::remove(path);
         else
-            files.append(std::make_shared<TAVFile>(path));
+            languages.append(std::make_shared<TAVFile>(path));
     }
-    return files;
+    return languages;
 }
 
 QStringList AppGround::loadAllAvailableLanguagePaths()

@@ -1,5 +1,6 @@
 #include "storage/archive/ArchiveDecoder.h"
 
+#include "files/Utf8.h"
 #include "storage/archive/BinaryListCheck.h"
 #include "storage/archive/PlistNode.h"
 
@@ -15,7 +16,7 @@ namespace {
  * Steps that one archive may take to read, about one for each field, list member and character. A vocabulary
  * of 100,000 words takes a tenth; only objects that are referred to again and again come near.
  */
-constexpr qint64 mostSteps = 64 * 1000 * 1000;
+constexpr qint64 maxSteps = 64 * 1000 * 1000;
 
 struct ClassNames
 {
@@ -32,7 +33,7 @@ QString textOfNode(plist_t node)
     char *text = nullptr;
     plist_get_string_val(node, &text);
     const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
-    return QString::fromUtf8(text);
+    return files::textFromUtf8(text);
 }
 
 QString utf8OfNode(plist_t node)
@@ -41,7 +42,7 @@ QString utf8OfNode(plist_t node)
     uint64_t length = 0;
     plist_get_data_val(node, &bytes, &length);
     const std::unique_ptr<char, decltype(&std::free)> owner(bytes, &std::free);
-    return QString::fromUtf8(bytes, qsizetype(length));
+    return files::textFromUtf8({bytes, qsizetype(length)});
 }
 
 /** Calls with each member until that gives false. */
@@ -64,7 +65,7 @@ class ArchiveTable
 public:
     explicit ArchiveTable(QByteArrayView bytes)
     {
-        if (bytes.size() > ArchiveDecoder::mostBytes || !isHarmlessBinaryList(bytes))
+        if (bytes.size() > ArchiveDecoder::maxBytes || !isHarmlessBinaryList(bytes))
             return;
         plist_t root = nullptr;
         plist_from_bin(bytes.data(), uint32_t(bytes.size()), &root);
@@ -209,7 +210,7 @@ private:
 
     PlistNode m_root;
     std::vector<plist_t> m_objects;
-    qint64 m_stepsLeft = mostSteps;
+    qint64 m_stepsLeft = maxSteps;
     bool m_isReadable = true;
 };
 

@@ -5,10 +5,10 @@
 
 namespace {
 
-constexpr int deepestNesting = 32;
+constexpr int maxNesting = 32;
 /** What a node of the tree takes in memory, and how much all together may take. */
 constexpr quint64 bytesPerNode = 160;
-constexpr quint64 mostBytes = quint64(1) << 30;
+constexpr quint64 maxBytes = quint64(1) << 30;
 
 class Check
 {
@@ -34,7 +34,7 @@ public:
             count > (trailer - m_offsetTable) / m_offsetSize)
             return false;
         m_objects.resize(count);
-        return visit(root, 0) && m_objects[root].bytes <= mostBytes;
+        return visit(root, 0) && m_objects[root].bytes <= maxBytes;
     }
 
 private:
@@ -115,7 +115,7 @@ private:
             return false;
         // An object that is still being visited has no height yet; the depth ends a cycle.
         if (m_objects[index].bytes > 0)
-            return depth + m_objects[index].height <= deepestNesting;
+            return depth + m_objects[index].height <= maxNesting;
 
         const quint64 type = number(*position, 1) >> 4;
         switch (type) {
@@ -133,8 +133,7 @@ private:
         case 0xd: {
             const std::optional<Body> body = bodyAt(*position);
             const quint64 parts = type == 0xd ? 2 : 1;
-            return depth < deepestNesting && body &&
-                   fits(body->start, body->count, parts * m_referenceSize) &&
+            return depth < maxNesting && body && fits(body->start, body->count, parts * m_referenceSize) &&
                    visitMembers(index, *body, parts, depth);
         }
         default: {
@@ -159,7 +158,7 @@ private:
                 return false;
             container.height = std::max(container.height, m_objects[member].height + 1);
             container.bytes += m_objects[member].bytes;
-            if (container.bytes > mostBytes)
+            if (container.bytes > maxBytes)
                 return false;
         }
         m_objects[index] = container;

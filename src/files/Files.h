@@ -1,0 +1,51 @@
+#pragma once
+
+#include "files/Result.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+/**
+ * Files of the user, read and written whole. Any thread may call: each operation holds the lock of its file
+ * from the first to the last byte, so that a reader never meets half a write. No lock outlasts its operation.
+ */
+namespace files {
+
+/** The bytes of a regular file, which are not kept in the system's cache. */
+Result<QByteArray> read(const QString &path, qint64 maxBytes);
+
+/**
+ * Replaces the bytes of a file where it lies, without a temporary one, or makes the file. Refuses a link: it
+ * would lead out of the folder that the caller means. After a failure the file may be damaged.
+ */
+Result<> writeInPlace(const QString &path, const QByteArray &bytes);
+
+/** Makes a new file with the bytes and the mode of another; never replaces one. A failure leaves none behind.
+ */
+Result<> copy(const QString &from, const QString &to);
+
+/** Removes a file, or a link itself; never a folder. */
+Result<> remove(const QString &path);
+
+/** Makes the last folder of the path. One that exists is not an error. */
+Result<> makeFolder(const QString &path);
+
+/** Whether anything stands there; a link counts as what it leads to. */
+bool exists(const QString &path);
+
+/** One of the names in a folder. */
+struct Entry
+{
+    QString name;
+    /** A link is none, wherever it leads. */
+    bool isFolder = false;
+    /** Invalid if the entry could not be examined. */
+    QDateTime modified;
+};
+
+/** What stands in the folder, hidden files included, in the order of the file system. */
+Result<QList<Entry>> list(const QString &folder);
+
+} // namespace files
