@@ -49,9 +49,17 @@ public:
 
     explicit operator bool() const { return std::holds_alternative<T>(m_content); }
     /** Only where there is a value. */
-    const T &operator*() const { return *std::get_if<T>(&m_content); }
+    const T &operator*() const
+    {
+        Q_ASSERT(*this);
+        return *std::get_if<T>(&m_content);
+    }
     /** Only where there is none. */
-    const Error &error() const { return *std::get_if<Error>(&m_content); }
+    const Error &error() const
+    {
+        Q_ASSERT(!*this);
+        return *std::get_if<Error>(&m_content);
+    }
     bool failedBy(Reason reason) const { return !*this && error().reason == reason; }
 
 private:

@@ -1,43 +1,16 @@
 #include "model/TAVLexicon.h"
 
-#include "app/ground/AppGround.h"
+#include "model/FieldSink.h"
+#include "model/FieldSource.h"
+#include "model/JsonTextSource.h"
 #include "model/TAVStatistics.h"
+#include "model/VocabularyFields.h"
+#include "model/WordMerging.h"
+#include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
-#include "platform/Texts.h"
-
-#include <QCoreApplication>
-#include <QThread>
-
-namespace {
-
-/** 2001-01-01 00:00:00 UTC, from which ids are counted, in the reckoning of the clock. */
-constexpr qint64 millisecondsTo2001 = 978307200000;
-
-/** Leaves the live source as it is if the one of that id isn't installed here. */
-void findSource(const QList<platform::InputSourceRef> &sources, const QString &sourceId,
-                platform::InputSourceRef &liveSource)
-{
-    for (const platform::InputSourceRef &source : sources) {
-        if (source->id == sourceId) {
-            liveSource = source;
-            return;
-        }
-    }
-}
-
-bool isMainThread()
-{
-    const QCoreApplication *application = QCoreApplication::instance();
-    return !application || application->thread() == QThread::currentThread();
-}
-
-} // namespace
 
 TAVLexicon::TAVLexicon()
-    : m_language(platform::localized("unknownLanguage"))
-    , m_foreignLanguageName(m_language)
-    , m_yourLanguageName(platform::localized("yourLanguageName"))
-    , m_statistics(std::make_shared<TAVStatistics>())
+    : m_statistics(std::make_shared<TAVStatistics>())
 {
     m_allWords.reserve(512);
     makeDailyStatisticsSnapshot();
@@ -45,10 +18,82 @@ TAVLexicon::TAVLexicon()
 
 TAVLexicon::~TAVLexicon() = default;
 
+std::shared_ptr<TAVLexicon> TAVLexicon::initWithDictionary(const std::optional<QJsonObject> &dictionary)
+{
+    if (!dictionary)
+        return std::make_shared<TAVLexicon>();
+    MapSource source(*dictionary);
+    return initWithFields(VocabularyFields::readFrom(source));
+}
+
+std::shared_ptr<TAVLexicon> TAVLexicon::initWithJson(QByteArrayView json)
+{
+    VocabularyFields fields;
+    const bool isRead = JsonTextSource::readRecord(
+        json, [&fields](FieldSource &source) { fields = VocabularyFields::readFrom(source); });
+    return isRead ? initWithFields(std::move(fields)) : std::make_shared<TAVLexicon>();
+}
+
+std::shared_ptr<TAVLexicon> TAVLexicon::initWithCoder(const ArchiveDecoder &decoder)
+{
+    return initWithFields(VocabularyFields::readFrom(decoder));
+}
+
+std::shared_ptr<TAVLexicon> TAVLexicon::initWithFields(VocabularyFields fields)
+{
+    // The block's size is the same for any number of words: one that has more runs on into the ids of the
+    // seconds to come, which nobody else takes in a vocabulary that is being read.
+    constexpr qint64 rangeOfMissingIds = 9999;
+
+    const auto lexicon = std::make_shared<TAVLexicon>();
+    qint64 nextID = batchImportIdForRange(rangeOfMissingIds);
+    for (const TAVWordList &words : std::as_const(fields.words)) {
+        for (const TAVWordRef &word : words) {
+            if (word->creationID() < 1)
+                word->setCreationID(nextID++);
+            lexicon->takeIn(word);
+        }
+    }
+    lexicon->m_levelLists.adopt(std::move(fields.words));
+    lexicon->setLanguageFields(fields.languages);
+    lexicon->m_statistics = fields.statistics;
+    lexicon->m_needsSync = fields.needsSync;
+    lexicon->m_version = fields.version;
+    return lexicon;
+}
+
+VocabularyFields TAVLexicon::fields() const
+{
+    LevelLists::Lists words;
+    for (size_t level = 0; level < words.size(); ++level)
+        words[level] = wordsOfLevel(level);
+    return {words, languageFields(), m_statistics, m_needsSync, m_version};
+}
+
+QJsonObject TAVLexicon::dictionaryRepresentation() const
+{
+    return MapSink::mapOf([this](FieldSink &sink) { fields().writeTo(sink); });
+}
+
+QByteArray TAVLexicon::jsonRepresentation() const
+{
+    return JsonTextSink::textOf([this](FieldSink &sink) { fields().writeTo(sink); });
+}
+
+void TAVLexicon::encodeWithCoder(ArchiveEncoder &encoder) const
+{
+    fields().writeTo(encoder);
+}
+
 void TAVLexicon::takeIn(const TAVWordRef &word)
 {
     word->setWeakVocForSort(weak_from_this());
     m_allWords.append(word);
+}
+
+void TAVLexicon::takeOut(const TAVWordSet &words)
+{
+    m_allWords.removeIf([&words](const TAVWordRef &word) { return words.contains(word); });
 }
 
 void TAVLexicon::addWord(const TAVWordRef &word)
@@ -67,6 +112,16 @@ void TAVLexicon::addWordWithID(const TAVWordRef &word, qint64 creationID)
     updateSynonymsWithWord(word);
 }
 
+void TAVLexicon::batchAddWords(const TAVWordList &words)
+{
+    for (const TAVWordRef &word : words) {
+        if (word->creationID() < 0)
+            word->setCreationID(currentTime());
+        takeIn(word);
+    }
+    rebuildAfterBatch();
+}
+
 void TAVLexicon::removeWord(const TAVWordRef &word)
 {
     if (word)
@@ -76,32 +131,19 @@ void TAVLexicon::removeWord(const TAVWordRef &word)
 void TAVLexicon::removeWords(const TAVWordList &words)
 {
     const TAVWordSet leaving(words);
-    const auto isLeaving = [&leaving](const TAVWordRef &word) { return leaving.contains(word); };
-    m_allWords.removeIf(isLeaving);
+    takeOut(leaving);
     invalidateCachedWordLists();
     if (std::any_of(words.begin(), words.end(),
                     [](const TAVWordRef &word) { return !word->tags().isEmpty(); }))
         buildTagsIndex();
     if (m_synonyms)
-        m_synonyms->removeIf(isLeaving);
+        m_synonyms->remove(leaving);
 }
 
 void TAVLexicon::restoreWords(const TAVWordList &words)
 {
-    TAVWordSet present(m_allWords);
-    QMultiHash<qint64, TAVWordRef> presentByID;
-    presentByID.reserve(m_allWords.size());
-    for (const TAVWordRef &word : std::as_const(m_allWords))
-        presentByID.insert(word->creationID(), word);
-
-    for (const TAVWordRef &word : words) {
-        const auto [first, end] = presentByID.equal_range(word->creationID());
-        const bool isBack =
-            word->creationID() > 0 &&
-            std::any_of(first, end, [&word](const TAVWordRef &other) { return other->isEqualToWord(*word); });
-        if (!isBack && present.insert(word))
-            takeIn(word);
-    }
+    for (const TAVWordRef &word : merging::notReturned(m_allWords, words))
+        takeIn(word);
     rebuildAfterBatch();
 }
 
@@ -129,76 +171,124 @@ TAVWordRef TAVLexicon::findWordByID(qint64 creationID) const
     return found != m_allWords.end() ? *found : nullptr;
 }
 
-qint64 TAVLexicon::currentTime()
+void TAVLexicon::answeredWord(const TAVWordRef &word, int correct)
 {
-    return (platform::clock().now().toMSecsSinceEpoch() - millisecondsTo2001) / 1000;
+    rehearsal::bookAnswer(*word, correct, platform::clock().now());
+    invalidateCachedWordLists();
+    makeDailyStatisticsSnapshot();
 }
 
-qint64 TAVLexicon::batchImportIdForRange(qint64 range)
+TAVWordList TAVLexicon::wordsOverDueFromLevel(quint64 level, const TAVTextSet &tags, bool mustHaveAll) const
 {
-    const qint64 time = currentTime();
-    if (range < 100)
-        return time * 100;
-    if (range < 1000)
-        return time * 1000;
-    return range < 10000 ? time * 10000 : time * 100000;
+    return rehearsal::dueWords(wordsTagged(wordsOfLevel(level), tags, mustHaveAll), level,
+                               platform::clock().now());
 }
 
-void TAVLexicon::buildLevelLists() const
+TAVWordList TAVLexicon::randomlyPick(qint64 count, quint64 level, const TAVTextSet &tags,
+                                     bool mustHaveAll) const
 {
-    m_wordsByLevel.fill(TAVWordList());
-    for (const TAVWordRef &word : m_allWords)
-        m_wordsByLevel[std::min<size_t>(word->level(), numberOfLevels - 1)]->append(word);
+    return rehearsal::randomWords(wordsTagged(wordsOfLevel(level), tags, mustHaveAll), count, m_random);
 }
 
-const TAVWordList &TAVLexicon::wordsOfLevel(quint64 level) const
+void TAVLexicon::makeDailyStatisticsSnapshot()
 {
-    const std::optional<TAVWordList> &list = m_wordsByLevel[std::min<size_t>(level, numberOfLevels - 1)];
-    if (!list)
-        buildLevelLists();
-    return *list;
+    // Held, as behind the alert over a clock that went backwards anything may happen to this vocabulary.
+    const std::shared_ptr<TAVStatistics> statistics = m_statistics;
+    statistics->addDailySnapshot(std::make_shared<TAVDailyStatisticsSnapshot>(*this));
 }
 
-const TAVWordList &TAVLexicon::nativeWithoutDontAsk() const
+const TagsIndex &TAVLexicon::tagsIndex() const
 {
-    if (!m_wordsLevel5WithoutDontAsk) {
-        m_wordsLevel5WithoutDontAsk.emplace();
-        for (const TAVWordRef &word : m_allWords) {
-            if (word->level() >= numberOfLevels - 1 && !word->dontAskAgain())
-                m_wordsLevel5WithoutDontAsk->append(word);
-        }
-    }
-    return *m_wordsLevel5WithoutDontAsk;
+    if (!m_tagsIndex)
+        m_tagsIndex.emplace(m_allWords);
+    return *m_tagsIndex;
 }
 
-void TAVLexicon::invalidateCachedWordLists()
+std::optional<QStringList> TAVLexicon::completionTagsForPrefix(const QString &prefix) const
 {
-    m_wordsByLevel.fill(std::nullopt);
-    m_wordsLevel5WithoutDontAsk.reset();
+    platform::diagnosticLog(QStringLiteral("completionTagsForPrefix: %1").arg(prefix));
+    return tagsIndex().completions(prefix);
 }
 
-void TAVLexicon::setYourTextInputSourceId(const std::optional<QString> &sourceId)
+const TAVWordSet &TAVLexicon::synonyms()
 {
-    m_yourTextInputSourceId = sourceId;
-    if (sourceId)
-        findSource(AppGround::allInputSources(false), *sourceId, m_yourTextInputSource);
+    if (!m_synonyms)
+        buildSynonyms();
+    return m_synonyms->words();
 }
 
-void TAVLexicon::setForeignTextInputSourceId(const std::optional<QString> &sourceId)
+void TAVLexicon::updateSynonymsWithWord(const TAVWordRef &word)
 {
-    m_foreignTextInputSourceId = sourceId;
-    if (sourceId)
-        findSource(AppGround::allInputSources(false), *sourceId, m_foreignTextInputSource);
-}
-
-void TAVLexicon::resolveInputSources()
-{
-    const QString yourId = m_yourTextInputSourceId.value_or(QString());
-    const QString foreignId = m_foreignTextInputSourceId.value_or(QString());
-    // The keyboard belongs to the main thread; nobody types into what the sync reads in the background.
-    if ((yourId.isEmpty() && foreignId.isEmpty()) || !isMainThread())
+    if (!word || (word->yourWord().isEmpty() && word->foreignWord().isEmpty()))
         return;
-    const QList<platform::InputSourceRef> sources = AppGround::allInputSources(false);
-    findSource(sources, yourId, m_yourTextInputSource);
-    findSource(sources, foreignId, m_foreignTextInputSource);
+    if (!m_synonyms)
+        buildSynonyms();
+    m_synonyms->update(word, m_allWords);
+}
+
+TAVWordSet TAVLexicon::synonymsForWord(const TAVWord &word)
+{
+    if (!m_synonyms)
+        buildSynonyms();
+    return m_synonyms->partnersOf(word);
+}
+
+TAVWordList TAVLexicon::wordsWithTags(const TAVTextSet &tags, bool mustHaveAll) const
+{
+    return wordsTagged(m_allWords, tags, mustHaveAll);
+}
+
+TAVWordList TAVLexicon::filterWords(const TAVWordList &words, const std::optional<QString> &searchTerm)
+{
+    return wordsMatching(words, searchTerm);
+}
+
+TAVWordList TAVLexicon::filteredWords(const TAVWordList &words, const TAVTextSet &tags, bool mustHaveAll)
+{
+    return wordsTagged(words, tags, mustHaveAll);
+}
+
+void TAVLexicon::handOver(const TAVWordList &words)
+{
+    takeOut(TAVWordSet(words));
+    m_synonyms.reset();
+    m_tagsIndex.reset();
+    invalidateCachedWordLists();
+}
+
+void TAVLexicon::mergeWithOtherVersion(TAVLexicon &other)
+{
+    Q_ASSERT(&other != this);
+    const merging::Versions versions = merging::mergedVersions(m_allWords, other.m_allWords);
+    for (const TAVWordRef &word : versions.taken)
+        takeIn(word);
+    takeOut(versions.replaced);
+    rebuildAfterBatch();
+    other.handOver(versions.taken);
+}
+
+void TAVLexicon::joinWithVocabulary(TAVLexicon &other, bool addAllToUnknown)
+{
+    Q_ASSERT(&other != this);
+    qint64 nextID = batchImportIdForRange(other.countAllWords());
+    // Also those that are refused below.
+    if (addAllToUnknown) {
+        for (const TAVWordRef &word : std::as_const(other.m_allWords))
+            word->setLevel(0);
+    }
+    const TAVWordList taken = merging::newByTexts(m_allWords, other.m_allWords);
+    for (const TAVWordRef &word : taken) {
+        word->setCreationID(nextID++);
+        takeIn(word);
+    }
+    rebuildAfterBatch();
+    other.handOver(taken);
+}
+
+qint64 TAVLexicon::deleteDuplicates()
+{
+    const TAVWordSet leaving = merging::worseDuplicates(synonyms().values());
+    takeOut(leaving);
+    rebuildAfterBatch();
+    return leaving.size();
 }

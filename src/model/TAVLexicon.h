@@ -1,46 +1,51 @@
 #pragma once
 
+#include "model/LanguageSettings.h"
+#include "model/LevelLists.h"
+#include "model/Rehearsal.h"
+#include "model/SynonymSet.h"
 #include "model/TAVRandom.h"
 #include "model/TAVWord.h"
 #include "model/TagsIndex.h"
-#include "platform/InputSources.h"
+#include "model/WordFilter.h"
+#include "model/WordIds.h"
 
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
-#include <array>
 #include <memory>
 #include <optional>
 
 class ArchiveDecoder;
 class ArchiveEncoder;
-class FieldSink;
-class FieldSource;
 class TAVStatistics;
+struct VocabularyFields;
 
 /**
- * One language pair: its words, names, settings, statistics, and what the sync needs of it.
+ * One language pair: its words, settings, statistics, and what the sync needs of it. Here the parts meet; the
+ * rules of each stand in its own header.
  *
- * allWords() is the truth; the level lists are caches. Nothing here saves a file or sets needsSync; the
- * callers do. Always held by a shared pointer, and used by one thread at a time.
+ * allWords() is the truth; the level lists, tags and synonyms are caches of what the words hold. Nothing here
+ * saves a file or sets needsSync; the callers do. Always held by a shared pointer, and used by one thread at
+ * a time.
  */
-class TAVLexicon : public std::enable_shared_from_this<TAVLexicon>
+class TAVLexicon : public std::enable_shared_from_this<TAVLexicon>, public LanguageSettings
 {
 public:
-    static constexpr int numberOfLevels = 6;
+    static constexpr int numberOfLevels = levels::number;
 
     TAVLexicon();
     ~TAVLexicon();
     TAVLexicon(const TAVLexicon &) = delete;
     TAVLexicon &operator=(const TAVLexicon &) = delete;
 
-    // File forms. Unreadable values read as absent ones; nothing fails.
+    // File forms (VocabularyFields.h). Unreadable values read as absent ones; nothing fails.
 
     /** Absent: a fresh vocabulary. */
     static std::shared_ptr<TAVLexicon> initWithDictionary(const std::optional<QJsonObject> &dictionary);
     QJsonObject dictionaryRepresentation() const;
-    /** The same from JSON in UTF-8, in a fraction of the time. What is no JSON gives a fresh vocabulary. */
+    /** The same from JSON in UTF-8, in a fraction of the time. What is no JSON makes a fresh vocabulary. */
     static std::shared_ptr<TAVLexicon> initWithJson(QByteArrayView json);
     /** The same as compact JSON in UTF-8. */
     QByteArray jsonRepresentation() const;
@@ -62,9 +67,8 @@ public:
     /** The same for many at once, at the cost of one. */
     void removeWords(const TAVWordList &words);
     /**
-     * Puts words back that were removed, the same objects with all their fields, ids included, and rebuilds
-     * what is derived. Leaves out a word that has come back meanwhile, as after a sync: one that stands here
-     * itself, or as another object with its id and its two texts.
+     * Puts words back that were removed, the same objects with all their fields, ids included. Leaves out
+     * those that have come back meanwhile, as after a sync.
      */
     void restoreWords(const TAVWordList &words);
 
@@ -74,12 +78,10 @@ public:
     TAVWordRef findWordByID(qint64 creationID) const;
     bool containsWordWithID(qint64 creationID) const { return findWordByID(creationID) != nullptr; }
 
-    /** Whole seconds since 2001-01-01 00:00:00 UTC. */
-    static qint64 currentTime();
-    /** First id of a block for so many words; the caller counts up by one. */
-    static qint64 batchImportIdForRange(qint64 range);
+    static qint64 currentTime() { return wordids::fromClock(); }
+    static qint64 batchImportIdForRange(qint64 range) { return wordids::firstOfBlock(range); }
 
-    // Level lists: caches, in the order of allWords() when they were built
+    // Level lists (LevelLists.h), in the order of allWords() when they were built
 
     const TAVWordList &level0Words() const { return wordsOfLevel(0); }
     const TAVWordList &level1Words() const { return wordsOfLevel(1); }
@@ -88,12 +90,15 @@ public:
     const TAVWordList &level4Words() const { return wordsOfLevel(4); }
     const TAVWordList &level5Words() const { return wordsOfLevel(5); }
     /** One of the six lists above; a level above 5 means 5. */
-    const TAVWordList &wordsOfLevel(quint64 level) const;
-    const TAVWordList &nativeWithoutDontAsk() const;
+    const TAVWordList &wordsOfLevel(quint64 level) const
+    {
+        return m_levelLists.wordsOfLevel(level, m_allWords);
+    }
+    const TAVWordList &nativeWithoutDontAsk() const { return m_levelLists.nativeWithoutDontAsk(m_allWords); }
     /** To be called after any change of a word's level or dontAskAgain that is not made by this class. */
-    void invalidateCachedWordLists();
+    void invalidateCachedWordLists() { m_levelLists.drop(); }
 
-    // Learning
+    // Learning (Rehearsal.h)
 
     /** Books an answer: 1 correct, -1 wrong, anything else misspelled. */
     void answeredWord(const TAVWordRef &word, int correct);
@@ -101,28 +106,29 @@ public:
     TAVWordList wordsOverDueFromLevel(quint64 level, const TAVTextSet &tags, bool mustHaveAll) const;
     /** Up to count distinct words of the level, due or not. */
     TAVWordList randomlyPick(qint64 count, quint64 level, const TAVTextSet &tags, bool mustHaveAll) const;
-    static quint64 rehearseTimeInSecLevel0() { return 0; }
-    static quint64 rehearseTimeInSecLevel1() { return 900; }
-    static quint64 rehearseTimeInSecLevel2() { return 10800; }
-    static quint64 rehearseTimeInSecLevel3() { return 86400; }
-    static quint64 rehearseTimeInSecLevel4() { return 259200; }
-    static quint64 rehearseTimeInSecLevel5() { return 604800; }
-    /** The above by number; a level above 5 means 5. */
-    static quint64 rehearseTimeInSec(quint64 level);
+    static quint64 rehearseTimeInSecLevel0() { return rehearsal::secondsOfLevel(0); }
+    static quint64 rehearseTimeInSecLevel1() { return rehearsal::secondsOfLevel(1); }
+    static quint64 rehearseTimeInSecLevel2() { return rehearsal::secondsOfLevel(2); }
+    static quint64 rehearseTimeInSecLevel3() { return rehearsal::secondsOfLevel(3); }
+    static quint64 rehearseTimeInSecLevel4() { return rehearsal::secondsOfLevel(4); }
+    static quint64 rehearseTimeInSecLevel5() { return rehearsal::secondsOfLevel(5); }
+    const std::shared_ptr<TAVStatistics> &statistics() const { return m_statistics; }
+    void setStatistics(const std::shared_ptr<TAVStatistics> &statistics) { m_statistics = statistics; }
     /** Brings today's entry of the statistics up to the present counts. */
     void makeDailyStatisticsSnapshot();
+    const TAVRandom &random() const { return m_random; }
 
-    // Tags and synonyms
+    // Tags (TagsIndex.h), synonyms (SynonymSet.h), filters (WordFilter.h)
 
-    const TAVTextSet &allTags() const;
+    const TAVTextSet &allTags() const { return tagsIndex().allTags(); }
     /** To be called after any change of a word's tags that is not made by this class. */
-    void buildTagsIndex() { indexTags(); }
+    void buildTagsIndex() { m_tagsIndex.emplace(m_allWords); }
     /** Tags that begin with exactly this prefix and are longer, the most used first; absent if none. */
     std::optional<QStringList> completionTagsForPrefix(const QString &prefix) const;
-    /** Words that share a text with another word, as far as the set was last brought up to date. */
     const TAVWordSet &synonyms();
     /** To be called after any change of a word's texts. Leaves allWords() sorted by the foreign words. */
-    void buildSynonyms();
+    void buildSynonyms() { m_synonyms = SynonymSet::builtFrom(m_allWords); }
+    /** Brings the synonyms up to date with one new word. Absent, or without any text, it is ignored. */
     void updateSynonymsWithWord(const TAVWordRef &word);
     /** Words that share exactly one of the two texts with this word. */
     TAVWordSet synonymsForWord(const TAVWord &word);
@@ -130,101 +136,46 @@ public:
     static TAVWordList filterWords(const TAVWordList &words, const std::optional<QString> &searchTerm);
     static TAVWordList filteredWords(const TAVWordList &words, const TAVTextSet &tags, bool mustHaveAll);
 
-    // Bringing words together. The other vocabulary must not be used afterwards: its words may have moved.
+    // Bringing words together (WordMerging.h). The other vocabulary must not be used afterwards: its words
+    // may have moved.
 
-    /**
-     * Merges another version of this vocabulary, word by word, by id. The first word of the other that is new
-     * here, edited later or higher lets all words behind it win too.
-     */
+    /** Merges another version of this vocabulary, word by word, by id. */
     void mergeWithOtherVersion(TAVLexicon &other);
     /** Takes in the words that are not here yet by their two texts, with new ids. */
     void joinWithVocabulary(TAVLexicon &other, bool addAllToUnknown);
-    /** Of words with the same two texts, keeps the one of highest level. Gives the number of removed words.
-     */
+    /** Of words with the same two texts, keeps the best. Returns the number of removed words. */
     qint64 deleteDuplicates();
 
-    // State and settings
+    // Sync
 
     bool needsSync() const { return m_needsSync; }
     void setNeedsSync(bool flag) { m_needsSync = flag; }
-    bool isDisableMisspellRecognition() const { return m_isDisableMisspellRecognition; }
-    void setIsDisableMisspellRecognition(bool flag) { m_isDisableMisspellRecognition = flag; }
-    bool isAutoSelectInputSource() const { return m_isAutoSelectInputSource; }
-    void setIsAutoSelectInputSource(bool flag) { m_isAutoSelectInputSource = flag; }
     /** Raised by the sync alone; never negative. */
     qint64 version() const { return m_version; }
     void setVersion(qint64 version) { m_version = version; }
-
-    /** The foreign language's name, always the same in both fields; absent only from an old archive. */
-    std::optional<QString> language() const { return m_language; }
-    QString foreignLanguageName() const { return m_foreignLanguageName.value_or(QString()); }
-    std::optional<QString> yourLanguageNameIfAny() const { return m_yourLanguageName; }
-    QString yourLanguageName() const { return m_yourLanguageName.value_or(QString()); }
-    void setLanguage(const std::optional<QString> &name) { m_language = m_foreignLanguageName = name; }
-    void setForeignLanguageName(const std::optional<QString> &name) { setLanguage(name); }
-    void setYourLanguageName(const std::optional<QString> &name) { m_yourLanguageName = name; }
-
     std::optional<QString> fileNameWhereLoadedFrom() const { return m_fileNameWhereLoadedFrom; }
     void setFileNameWhereLoadedFrom(const std::optional<QString> &name) { m_fileNameWhereLoadedFrom = name; }
-    const std::shared_ptr<TAVStatistics> &statistics() const { return m_statistics; }
-    void setStatistics(const std::shared_ptr<TAVStatistics> &statistics) { m_statistics = statistics; }
-
-    const TAVTextSet &yourFacultativeWords() const { return m_yourFacultativeWords; }
-    void setYourFacultativeWords(const TAVTextSet &words) { m_yourFacultativeWords = words; }
-    const TAVTextSet &foreignFacultativeWords() const { return m_foreignFacultativeWords; }
-    void setForeignFacultativeWords(const TAVTextSet &words) { m_foreignFacultativeWords = words; }
-
-    std::optional<QString> yourTextInputSourceId() const { return m_yourTextInputSourceId; }
-    /** Also finds the live source; one that is not installed here leaves the live source as it was. */
-    void setYourTextInputSourceId(const std::optional<QString> &sourceId);
-    std::optional<QString> foreignTextInputSourceId() const { return m_foreignTextInputSourceId; }
-    void setForeignTextInputSourceId(const std::optional<QString> &sourceId);
-    platform::InputSourceRef yourTextInputSource() const { return m_yourTextInputSource; }
-    platform::InputSourceRef foreignTextInputSource() const { return m_foreignTextInputSource; }
-
-    const TAVRandom &random() const { return m_random; }
 
 private:
-    using LevelLists = std::array<std::optional<TAVWordList>, numberOfLevels>;
-
-    void buildLevelLists() const;
-    void indexTags() const;
+    static std::shared_ptr<TAVLexicon> initWithFields(VocabularyFields fields);
+    VocabularyFields fields() const;
     void takeIn(const TAVWordRef &word);
+    /** Drops the words from the list alone. */
+    void takeOut(const TAVWordSet &words);
     void rebuildAfterBatch();
     /** Drops words that another vocabulary owns from now on. */
     void handOver(const TAVWordList &words);
-    static std::shared_ptr<TAVLexicon> initWithFields(FieldSource &source);
-    void readSetting(QLatin1StringView key, FieldSource &source);
-    void writeFields(FieldSink &sink) const;
-    /**
-     * The common middle of both readers: sets what a word's level list says of it, joins the lists, and gives
-     * ids where none are. From the given level on, words keep dontAskAgain.
-     */
-    void adoptReadLists(LevelLists lists, int firstLevelKeepingDontAskAgain);
-    void resolveInputSources();
+    const TagsIndex &tagsIndex() const;
 
-    mutable std::optional<TagsIndex> m_tagsIndexDict;
     TAVWordList m_allWords;
-    mutable LevelLists m_wordsByLevel;
-    mutable std::optional<TAVWordList> m_wordsLevel5WithoutDontAsk;
-    std::optional<TAVWordSet> m_synonyms;
-    mutable std::optional<TAVTextSet> m_allTags;
+    mutable LevelLists m_levelLists;
+    mutable std::optional<TagsIndex> m_tagsIndex;
+    std::optional<SynonymSet> m_synonyms;
     TAVRandom m_random;
-    bool m_needsSync = false;
-    bool m_isDisableMisspellRecognition = false;
-    bool m_isAutoSelectInputSource = true;
-    qint64 m_version = 0;
-    std::optional<QString> m_language;
-    std::optional<QString> m_foreignLanguageName;
-    std::optional<QString> m_yourLanguageName;
-    std::optional<QString> m_fileNameWhereLoadedFrom;
     std::shared_ptr<TAVStatistics> m_statistics;
-    std::optional<QString> m_yourTextInputSourceId;
-    std::optional<QString> m_foreignTextInputSourceId;
-    TAVTextSet m_foreignFacultativeWords;
-    TAVTextSet m_yourFacultativeWords;
-    platform::InputSourceRef m_yourTextInputSource;
-    platform::InputSourceRef m_foreignTextInputSource;
+    bool m_needsSync = false;
+    qint64 m_version = 0;
+    std::optional<QString> m_fileNameWhereLoadedFrom;
 };
 
 using TAVLexiconRef = std::shared_ptr<TAVLexicon>;

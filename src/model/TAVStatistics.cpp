@@ -73,7 +73,7 @@ QString TAVDailyStatisticsSnapshot::description() const
         .arg(m_day.toString(), counts[0], counts[1], counts[2], counts[3], counts[4], counts[5]);
 }
 
-void TAVStatistics::addDailySnapshot(const TAVSnapshotRef &snapshot)
+void TAVStatistics::addDailySnapshot(TAVSnapshotRef snapshot)
 {
     if (!snapshot) {
         platform::diagnosticLog(QStringLiteral("Statistics > addDailySnap > tried to insert NIL"));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/MemoryLevels.h"
+
 #include <QDateTime>
 #include <QJsonObject>
 #include <QList>
@@ -22,7 +24,7 @@ using TAVSnapshotList = QList<TAVSnapshotRef>;
 class TAVDailyStatisticsSnapshot
 {
 public:
-    static constexpr int numberOfLevels = 6;
+    static constexpr int numberOfLevels = levels::number;
 
     /** Today, with all counts 0. */
     TAVDailyStatisticsSnapshot();
@@ -73,7 +75,7 @@ public:
 
     /** Replaces the last entry if it is of the same day, else appends. Alerts when the clock went backwards.
      */
-    void addDailySnapshot(const TAVSnapshotRef &snapshot);
+    void addDailySnapshot(TAVSnapshotRef snapshot);
     /** Absent while nothing is recorded. */
     TAVSnapshotRef lastSnapshot() const;
 

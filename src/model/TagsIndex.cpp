@@ -14,16 +14,10 @@ TagsIndex::TagsIndex(const TAVWordList &words)
             }
         }
     }
+    for (const Entry &entry : m_entries)
+        m_allTags.insert(entry.tag);
     std::sort(m_entries.begin(), m_entries.end(),
               [](const Entry &a, const Entry &b) { return a.tag < b.tag; });
-}
-
-TAVTextSet TagsIndex::allTags() const
-{
-    QStringList tags(qsizetype(m_entries.size()));
-    for (const Entry &entry : m_entries)
-        tags[entry.place] = entry.tag;
-    return TAVTextSet(tags);
 }
 
 std::optional<QStringList> TagsIndex::completions(const QString &prefix) const

@@ -16,7 +16,7 @@ public:
     explicit TagsIndex(const TAVWordList &words);
 
     /** All tags, in the order in which the words brought them. */
-    TAVTextSet allTags() const;
+    const TAVTextSet &allTags() const { return m_allTags; }
     /** Tags that begin with exactly this prefix and are longer, the most used first; absent if none. */
     std::optional<QStringList> completions(const QString &prefix) const;
 
@@ -28,6 +28,7 @@ private:
         /** Place among all tags by first use; settles ties. */
         qsizetype place;
     };
+    TAVTextSet m_allTags;
     /** By tag, in the order of code units. */
     std::vector<Entry> m_entries;
 };

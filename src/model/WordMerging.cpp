@@ -1,5 +1,11 @@
-#include "model/TAVLexicon.h"
+#include "model/WordMerging.h"
+
 #include "model/WordSorting.h"
+
+#include <QHash>
+#include <QSet>
+
+namespace merging {
 
 namespace {
 
@@ -61,90 +67,74 @@ TAVWordList losersAmong(const TAVWordList &group)
 
 } // namespace
 
-void TAVLexicon::handOver(const TAVWordList &words)
+Versions mergedVersions(const TAVWordList &present, const TAVWordList &others)
 {
-    const TAVWordSet leaving(words);
-    m_allWords.removeIf([&leaving](const TAVWordRef &word) { return leaving.contains(word); });
-    m_synonyms.reset();
-    m_allTags.reset();
-    m_tagsIndexDict.reset();
-    invalidateCachedWordLists();
-}
-
-void TAVLexicon::mergeWithOtherVersion(TAVLexicon &other)
-{
-    Q_ASSERT(&other != this);
-    WordsByID present(m_allWords);
-    TAVWordSet replaced;
-    TAVWordList taken;
+    WordsByID locals(present);
+    Versions versions;
     // Stays set for all further words once it is set: a version that is ahead in one word wins from there on.
     bool takeOther = false;
-    for (const TAVWordRef &otherWord : std::as_const(other.m_allWords)) {
-        const TAVWordRef local = present.first(otherWord->creationID());
+    for (const TAVWordRef &other : others) {
+        const TAVWordRef local = locals.first(other->creationID());
         if (!local)
             takeOther = true;
-        else if (otherWord->modificationID() > 0 && otherWord->modificationID() > local->modificationID())
+        else if (other->modificationID() > 0 && other->modificationID() > local->modificationID())
             takeOther = true;
-        else if (otherWord->level() > local->level())
+        else if (other->level() > local->level())
             takeOther = true;
-        else if (otherWord->level() == local->level())
-            mergeSameLevel(*local, *otherWord);
+        else if (other->level() == local->level())
+            mergeSameLevel(*local, *other);
 
         if (takeOther) {
             if (local) {
-                present.removeFirst(local->creationID());
-                replaced.insert(local);
+                locals.removeFirst(local->creationID());
+                versions.replaced.insert(local);
             }
-            present.append(otherWord);
-            taken.append(otherWord);
+            locals.append(other);
+            versions.taken.append(other);
         }
     }
-
-    for (const TAVWordRef &word : std::as_const(taken))
-        takeIn(word);
-    m_allWords.removeIf([&replaced](const TAVWordRef &word) { return replaced.contains(word); });
-    rebuildAfterBatch();
-    other.handOver(taken);
+    return versions;
 }
 
-void TAVLexicon::joinWithVocabulary(TAVLexicon &other, bool addAllToUnknown)
+TAVWordList newByTexts(const TAVWordList &present, const TAVWordList &others)
 {
-    Q_ASSERT(&other != this);
-    qint64 nextID = batchImportIdForRange(other.countAllWords());
-    QSet<Texts> present;
-    present.reserve(m_allWords.size() + other.m_allWords.size());
-    for (const TAVWordRef &word : std::as_const(m_allWords))
-        present.insert(textsOf(*word));
-
-    TAVWordList taken;
-    for (const TAVWordRef &word : std::as_const(other.m_allWords)) {
-        if (addAllToUnknown)
-            word->setLevel(0);
+    QSet<Texts> known;
+    known.reserve(present.size() + others.size());
+    for (const TAVWordRef &word : present)
+        known.insert(textsOf(*word));
+    TAVWordList newWords;
+    for (const TAVWordRef &word : others) {
         const Texts texts = textsOf(*word);
-        if (present.contains(texts))
+        if (known.contains(texts))
             continue;
-        present.insert(texts);
-        word->setCreationID(nextID++);
-        takeIn(word);
-        taken.append(word);
+        known.insert(texts);
+        newWords.append(word);
     }
-    rebuildAfterBatch();
-    other.handOver(taken);
+    return newWords;
 }
 
-void TAVLexicon::batchAddWords(const TAVWordList &words)
+TAVWordList notReturned(const TAVWordList &present, const TAVWordList &removed)
 {
-    for (const TAVWordRef &word : words) {
-        if (word->creationID() < 0)
-            word->setCreationID(currentTime());
-        takeIn(word);
+    TAVWordSet known(present);
+    QMultiHash<qint64, TAVWordRef> knownByID;
+    knownByID.reserve(present.size());
+    for (const TAVWordRef &word : present)
+        knownByID.insert(word->creationID(), word);
+
+    TAVWordList words;
+    for (const TAVWordRef &word : removed) {
+        const auto [first, end] = knownByID.equal_range(word->creationID());
+        const bool isBack =
+            word->creationID() > 0 &&
+            std::any_of(first, end, [&word](const TAVWordRef &other) { return other->isEqualToWord(*word); });
+        if (!isBack && known.insert(word))
+            words.append(word);
     }
-    rebuildAfterBatch();
+    return words;
 }
 
-qint64 TAVLexicon::deleteDuplicates()
+TAVWordSet worseDuplicates(TAVWordList candidates)
 {
-    TAVWordList candidates = synonyms().values();
     sortWords(candidates, WordOrder::YourLang);
     QHash<QString, TAVWordList> groups;
     for (const TAVWordRef &word : std::as_const(candidates))
@@ -155,7 +145,7 @@ qint64 TAVLexicon::deleteDuplicates()
         for (const TAVWordRef &word : losersAmong(group))
             leaving.insert(word);
     }
-    m_allWords.removeIf([&leaving](const TAVWordRef &word) { return leaving.contains(word); });
-    rebuildAfterBatch();
-    return leaving.size();
+    return leaving;
 }
+
+} // namespace merging
