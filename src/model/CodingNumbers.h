@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-/** Numbers as files hold them: nothing here trusts that they fit. */
+/** Conversions of numbers from files, which may be of any size. */
 namespace coding {
 
 /** Toward zero; 0 for what is no number or does not fit. */

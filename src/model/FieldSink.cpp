@@ -7,7 +7,7 @@
 
 namespace {
 
-/** Writes a character above the ASCII range; gives the position behind it. */
+/** Writes a character above the ASCII range and returns the position behind it. */
 char *appendUtf8(char *out, char32_t character)
 {
     const auto continuation = [character](int shift) { return char(0x80 | (character >> shift & 0x3f)); };
@@ -26,7 +26,7 @@ char *appendUtf8(char *out, char32_t character)
     return out;
 }
 
-/** Half a pair is no character. */
+/** Half a surrogate pair is no character; written as it is, it would make the whole file unreadable. */
 char32_t withoutSurrogate(char16_t unit)
 {
     return QChar::isSurrogate(unit) ? char32_t(QChar::ReplacementCharacter) : unit;

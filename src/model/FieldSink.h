@@ -9,8 +9,8 @@
 #include <functional>
 
 /**
- * Takes the fields of a record under their keys. A record tells its fields once, and they become a map or the
- * text of a file.
+ * Takes the fields of a record under their keys. So a record lists its fields once, whether they become a map
+ * or the text of a file.
  */
 class FieldSink
 {

@@ -11,8 +11,8 @@
 #include <optional>
 
 /**
- * Gives the fields of a record one after the other, from a map or from the text of a file. A value that is
- * not asked for is passed over, and one of another type than asked for reads as an absent one.
+ * Walks through the fields of a record, which come from a map or from the text of a file. A value that nobody
+ * reads is passed over; one of another type than it is read as counts as absent.
  */
 class FieldSource
 {

@@ -192,7 +192,7 @@ void JsonTextSource::readRecordBody(const Read &read)
     read(*this);
     while (next())
         continue;
-    // Whoever holds this record goes on behind it.
+    // From here on, next() goes on with the record that holds this one.
     m_isFirst = false;
     m_isOpen = true;
     closed();
@@ -272,7 +272,7 @@ JsonTextSource::Number JsonTextSource::number()
     if (isWhole && std::from_chars(start, m_position, number.integer).ec == std::errc()) {
         number.real = double(number.integer);
     } else {
-        // What doesn't fit into a real either stays 0.
+        // Where even a real can't hold the number, it stays 0.
         std::from_chars(start, m_position, number.real);
         number.integer = coding::integerFromReal(number.real);
     }

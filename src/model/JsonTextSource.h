@@ -12,8 +12,8 @@ class JsonTextSource : public FieldSource
 {
 public:
     /**
-     * Reads the record that the text consists of. False if the text is no JSON or no record: then what was
-     * read is to be thrown away.
+     * Reads the record that the text consists of. Returns false if the text is no JSON or no record; the
+     * caller must then throw away what was read.
      */
     static bool readRecord(QByteArrayView json, const Read &read);
 
@@ -54,7 +54,7 @@ private:
     bool startsNumber();
     bool opens(char bracket);
     void closed() { --m_depth; }
-    /** Calls at each member of a list; the call reads or passes over it. */
+    /** Calls once for each member of a list. The call must read the member or pass over it. */
     template <typename Call> void forEachMember(Call call);
     void readRecordBody(const Read &read);
 
@@ -72,7 +72,7 @@ private:
     const char *m_end;
     QByteArrayView m_key;
     QByteArray m_unescapedKey;
-    /** The members of lists of texts, which are few that come again and again. */
+    /** The members of lists of texts by their bytes: a vocabulary has few tags and each many times. */
     QHash<QByteArrayView, QString> m_sharedTexts;
     int m_depth = 0;
     bool m_isFirst = true;

@@ -41,8 +41,8 @@ std::shared_ptr<TAVLexicon> TAVLexicon::initWithCoder(const ArchiveDecoder &deco
 
 std::shared_ptr<TAVLexicon> TAVLexicon::initWithFields(VocabularyFields fields)
 {
-    // The block's size is the same for any number of words: one that has more runs on into the ids of the
-    // seconds to come, which nobody else takes in a vocabulary that is being read.
+    // The size of the block of ids, however many words lack theirs. More than 10,000 run on into the blocks
+    // of the next seconds, which is harmless: all of them get their ids here, at once.
     constexpr qint64 rangeOfMissingIds = 9999;
 
     const auto lexicon = std::make_shared<TAVLexicon>();
@@ -192,7 +192,7 @@ TAVWordList TAVLexicon::randomlyPick(qint64 count, quint64 level, const TAVTextS
 
 void TAVLexicon::makeDailyStatisticsSnapshot()
 {
-    // Held, as behind the alert over a clock that went backwards anything may happen to this vocabulary.
+    // If the clock went backwards, an alert comes up, behind which these statistics may be replaced.
     const std::shared_ptr<TAVStatistics> statistics = m_statistics;
     statistics->addDailySnapshot(std::make_shared<TAVDailyStatisticsSnapshot>(*this));
 }

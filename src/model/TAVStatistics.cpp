@@ -138,7 +138,8 @@ qint64 TAVStatistics::wordsLearnedTotal() const
 
 TAVSnapshotList TAVStatistics::dailySnapshotsIncludingNullDays() const
 {
-    // More days than anybody can have learned stand only in a damaged file; they would fill all memory.
+    // Nobody has learned for that many days: the stamps are damaged, and filling the gap would take all
+    // memory.
     constexpr qint64 maxFillers = 100000;
     TAVSnapshotList all;
     qint64 fillers = 0;
@@ -200,7 +201,7 @@ double TAVStatistics::percentOfLanguage(qint64 numberOfWords)
     const double x = section != std::end(sections)
                          ? double(numberOfWords - section->start) * section->slope + section->fraction
                          : 1.0;
-    // Spread over minus pi to pi, the tangent makes an S: the middle of the way gains fastest.
+    // From minus pi to pi the hyperbolic tangent is an S: a middling vocabulary gains fastest.
     const float y = std::tanh(float(x * 6.28318530718 - 3.14159265359));
     return (double(y) * 0.5 + 0.5) * 100;
 }

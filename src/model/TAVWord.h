@@ -93,7 +93,7 @@ public:
     /** Whether a text or tag holds the term, without regard to case. Absent or empty: false. */
     bool matchesSearchTerm(const std::optional<QString> &term) const;
 
-    /** Each gives -1, 0 or 1. */
+    /** Each returns -1, 0 or 1. */
     int compareYourLang(const TAVWord &other) const;
     int compareForeignLang(const TAVWord &other) const;
     int compareComment(const TAVWord &other) const;

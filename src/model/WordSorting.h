@@ -8,8 +8,8 @@
 enum class WordOrder { YourLang, ForeignLang, Comment, LastAsked, Tags };
 
 /**
- * Stable sort with the result that the plain comparisons give. Sort keys are made once for each word, so that
- * tens of thousands of words are no wait.
+ * Sorts as a stable sort by that comparison would. Each word's sort key is made only once, so that nobody
+ * waits for tens of thousands of words.
  */
 void sortWords(TAVWordList &words, WordOrder order);
 

@@ -32,7 +32,7 @@ QString backupName(const QString &fileName, const QDateTime &now)
     return QString(fileName).replace(extension, QStringLiteral("-%1%2").arg(stamp, extension));
 }
 
-/** Whether a backup of the file is to be made now; if so, it counts as the last one from here on. */
+/** Returns whether a backup of the file is due, which then counts as made. */
 bool takeTurn(const QString &fileName, const QDateTime &now)
 {
     constexpr qint64 quarterOfAnHour = 900 * 1000;

@@ -5,13 +5,19 @@
 /** Copies of vocabulary files, in case one gets lost or damaged. */
 namespace storage {
 
-/** Copies the saved file, unless its language has the last backup of this run or that one is too young. */
+/**
+ * Copies the saved file. Does nothing if the last backup of this run was of the same language, or is not more
+ * than a quarter of an hour old.
+ */
 void backUpIfDue(const QString &savedPath);
 
-/** Deletes backups of more than 30 days, all or none. May run in the background. */
+/**
+ * Deletes the backups that are more than 30 days old: all of them if at least 21 entries stay, or if there
+ * are fewer than 20 entries in all; otherwise none. Any thread may call.
+ */
 void tidyBackupsIn(const QString &folder);
 
-/** As at the start of a run. */
+/** Starts a new run, as far as backups are concerned. */
 void forgetLastBackup();
 
 } // namespace storage

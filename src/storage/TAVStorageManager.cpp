@@ -46,7 +46,7 @@ QString nameForMessages(const QString &path)
     return QFileInfo(path).completeBaseName();
 }
 
-/** The alerts' texts tell that a file couldn't be had; why stands in the log. */
+/** The alerts only say that a file could not be had. Why, stands in the log. */
 void logFailure(const char *operation, const QString &path, const files::Error &error)
 {
     DDLogError(QStringLiteral("StorageM > %1 > %2: %3").arg(QLatin1String(operation), path, error.text()));

@@ -14,13 +14,16 @@ public:
     /** "<foreign> - <your>", also the name of the vocabulary's file. */
     static QString displayNameForVocabulary(const TAVLexicon &vocabulary);
     /**
-     * The file's path in the vocabulary folder. Empty for names that would lead out of that folder, whatever
-     * a file says of them; a save to an empty path fails with its alert.
+     * The file's path in the vocabulary folder. Empty for names that would lead out of that folder, as only a
+     * foreign file can bring them in; a save to an empty path fails with its alert.
      */
     static QString savePathForVocabulary(const TAVLexicon &vocabulary);
     static QUrl saveUrlForVocabularyWithName(const QString &name);
 
-    /** The ordinary save, after each change. False when nothing was written or the write failed. */
+    /**
+     * The ordinary save, after each change. Returns whether the file was written. The vocabulary is held, as
+     * the caller's own pointer may be replaced behind an alert.
+     */
     static bool saveVocabulary(TAVLexiconRef vocabulary);
     static bool saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const QString &path);
     static bool saveVocabularyToLXAFile(TAVLexiconRef vocabulary, const QString &path);

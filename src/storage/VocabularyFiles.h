@@ -11,9 +11,9 @@ namespace storage {
 /** The ceiling of the JSON when it is read. The writer has none, so a file can be saved that can't be opened.
  */
 inline constexpr qsizetype maxReadableJson = 0x400000;
-/** Larger files are not read: even where nothing can be compressed, the ceiling takes half of this. */
+/** Larger files are refused unread. JSON within the ceiling takes little more than half of it, compressed. */
 inline constexpr qsizetype maxReadableFile = 2 * maxReadableJson;
-/** What the compression can count; far beyond any vocabulary. */
+/** More than this the compression library cannot count. */
 inline constexpr qsizetype maxWritableJson = std::numeric_limits<int>::max();
 
 /** Absent when the compression fails. */

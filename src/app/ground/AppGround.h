@@ -26,7 +26,7 @@ public:
      * the system names no folder for application data, an alert tells so and the program is asked to end.
      */
     static QString applicationSupportFolder();
-    /** Each makes its folder if it is missing and gives its path; a failure shows at the first write there.
+    /** Each makes its folder if it is missing and returns its path. A failure shows at the first write there.
      */
     static QString backupFolderPath();
     static QString vocabularyFolderPath();
@@ -49,12 +49,15 @@ public:
     static QString selectedLocaleName();
     /** A locale's name like "de-AT", told in its own language: "Deutsch (Österreich)". */
     static QString localeDisplayName(const QString &localeName);
-    /** The name without what stands from its first opening parenthesis on, trimmed. */
+    /** The name up to its first opening parenthesis, trimmed. */
     static QString nameWithoutRegion(const QString &localeDisplayName);
 
     /** The selectable input sources; the list is remembered for namesForInputSources(). */
     static QList<platform::InputSourceRef> allInputSources(bool includeAllInstalled);
-    /** As many names as the given list is long, of the sources that allInputSources() gave last. */
+    /**
+     * Names of the sources that allInputSources() returned last, whatever the given list holds: as many as it
+     * is long.
+     */
     static QStringList namesForInputSources(const QList<platform::InputSourceRef> &sources);
 
     /** Forgets the paths and lists that live for a run, so that a test can start anew. */

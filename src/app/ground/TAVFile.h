@@ -14,7 +14,7 @@ public:
     void setFilePath(const QString &path);
 
     QString filePath() const { return m_filePath; }
-    /** What of the path lies behind the application's own folder. */
+    /** The path from the application's own folder on; means nothing for a file outside of it. */
     QString relativePath() const;
     /** The last path component without its extension: a vocabulary's display name. */
     QString fileName() const { return m_fileName; }
@@ -32,7 +32,7 @@ public:
     QString foreignInputSourceName() const { return m_foreignInputSourceName; }
     void setForeignInputSourceName(const QString &name) { m_foreignInputSourceName = name; }
 
-    /** Each gives -1, 0 or 1. */
+    /** Each returns -1, 0 or 1. */
     int compareNames(const TAVFile &other) const;
     int compareModDates(const TAVFile &other) const;
     int compareModDatesFromYoungToOld(const TAVFile &other) const;

@@ -45,7 +45,7 @@ QString utf8OfNode(plist_t node)
     return files::textFromUtf8({bytes, qsizetype(length)});
 }
 
-/** Calls with each member until that gives false. */
+/** Calls with each member until the call returns false. */
 template <typename Call> void forEachMember(plist_t array, Call call)
 {
     plist_array_iter position = nullptr;
