@@ -121,6 +121,15 @@ TEST_F(TavvTest, writesEveryTopLevelKeyAndNoDefaultOfAWord)
               u"\uFEFFa\uFFFDb"_s);
 }
 
+TEST_F(TavvTest, theDocumentedFileIsWrittenAsItIsRead)
+{
+    const QString text = QString::fromUtf8(bytesOf(QStringLiteral(TAVIMO_SOURCE_DIR "/docs/file-format.md")));
+    const QByteArray json = text.section(u"```json"_s, 1, 1).section(u"```"_s, 0, 0).toUtf8();
+    const QJsonObject documented = QJsonDocument::fromJson(json).object();
+    EXPECT_EQ(documented.size(), 18);
+    EXPECT_EQ(loadJson(json)->dictionaryRepresentation(), documented);
+}
+
 TEST_F(TavvTest, absentNamesAreWrittenByTheirDefaults)
 {
     const auto vocabulary = std::make_shared<TAVLexicon>();
