@@ -47,7 +47,7 @@ TEST_F(TavvTest, writesEveryTopLevelKeyAndNoDefaultOfAWord)
 {
     const TAVLexiconRef vocabulary = makeNamed(u"Italian"_s);
     const auto full = std::make_shared<TAVWord>(u" \"to\" go\\\n "_s, u"andare"_s, u"\u0001 \U0001F600"_s);
-    full->setTags({u"verbs"_s, u"é"_s, u"Verbs"_s});
+    full->setTags({u"Verbs"_s, u"é"_s, u"verbs"_s});
     full->setLastAsked(QDateTime::fromMSecsSinceEpoch(1794897813987, Qt::UTC));
     full->setModificationID(1791280632);
     full->setFallenDownCounter(6);
@@ -75,7 +75,7 @@ TEST_F(TavvTest, writesEveryTopLevelKeyAndNoDefaultOfAWord)
                                    {u"fw"_s, u"andare"_s},
                                    {u"c"_s, u"\u0001 \U0001F600"_s},
                                    {u"la"_s, 1794897813},
-                                   {u"t"_s, QJsonArray{u"verbs"_s, u"é"_s, u"Verbs"_s}},
+                                   {u"t"_s, QJsonArray{u"Verbs"_s, u"é"_s, u"verbs"_s}},
                                    {u"cid"_s, qint64(8063248000003)},
                                    {u"mid"_s, 1791280632},
                                    {u"daa"_s, true},
@@ -139,6 +139,7 @@ TEST_F(TavvTest, absentNamesAreWrittenByTheirDefaults)
     EXPECT_EQ(map["language"_L1], u"No name"_s);
     EXPECT_EQ(map["foreignLanguageName"_L1], u"No name"_s);
     EXPECT_EQ(map["yourLanguageName"_L1], u"yourLanguageName"_s);
+    EXPECT_EQ(map["isAutoSelectInputSource"_L1], true) << "of a new vocabulary";
 }
 
 TEST_F(TavvTest, readsAbsentKeysByTheirDefaults)
