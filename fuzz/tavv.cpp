@@ -2,6 +2,7 @@
 // that reads as the same again.
 
 #include "FuzzServices.h"
+#include "files/Utf8.h"
 #include "model/TAVLexicon.h"
 #include "model/TAVStatistics.h"
 
@@ -35,6 +36,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     demand(error.error == QJsonParseError::NoError);
     const TAVLexiconRef again = TAVLexicon::initWithJson(written);
     demand(again->jsonRepresentation() == written);
-    demand(TAVLexicon::initWithDictionary(document.object())->jsonRepresentation() == written);
+    // Qt's reader drops a mark at the start of a text; ours keeps it.
+    if (!written.contains(files::byteOrderMark))
+        demand(TAVLexicon::initWithDictionary(document.object())->jsonRepresentation() == written);
     return 0;
 }

@@ -93,8 +93,8 @@ VocabularyFields VocabularyFields::readFrom(FieldSource &source)
         else if (key == "yourLanguageName"_L1)
             languages.yourLanguageName = source.text();
         else if (key == "statistics"_L1)
-            source.record([&fields](FieldSource &statistics) {
-                fields.statistics = TAVStatistics::initWithFields(statistics);
+            source.record([&fields](FieldSource &record) {
+                fields.statistics = TAVStatistics::initWithFields(record);
             });
         else
             readSetting(fields, key, source);
@@ -149,8 +149,8 @@ VocabularyFields VocabularyFields::readFrom(const ArchiveDecoder &decoder)
     languages.yourLanguageName =
         decoder.text("yourLanguageName"_L1).value_or(platform::localized("yourLanguageName"));
     fields.statistics = std::make_shared<TAVStatistics>();
-    decoder.object("statistics"_L1, "TAVStatistics"_L1, [&fields](const ArchiveDecoder &statistics) {
-        fields.statistics = TAVStatistics::initWithCoder(statistics);
+    decoder.object("statistics"_L1, "TAVStatistics"_L1, [&fields](const ArchiveDecoder &object) {
+        fields.statistics = TAVStatistics::initWithCoder(object);
     });
     languages.yourFacultativeWords =
         TAVTextSet(decoder.textSet("yourFacultativeWords"_L1).value_or(QStringList()));
