@@ -6,7 +6,6 @@
 #include "platform/Texts.h"
 #include "storage/TAVStorageManager.h"
 #include "sync/DropBoxController.h"
-#include "sync/TAVSyncLog.h"
 #include "ui_VocabularyView.h"
 #include "views/editor/TAVWordPopoverController.h"
 

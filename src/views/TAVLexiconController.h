@@ -15,7 +15,6 @@
 
 class DropBoxController;
 class MemoryLevelButton;
-class TAVSyncLog;
 class TAVWordPopoverController;
 
 namespace Ui {
@@ -196,7 +195,6 @@ private:
     std::weak_ptr<TAVWord> m_newWord;
     MemoryLevelButton *m_selectedButton = nullptr;
     platform::InputSourceRef m_textInputSourceBackup;
-    TAVSyncLog *m_syncLog = nullptr;
     /** Null until the page is shown for the first time. */
     DropBoxController *m_dropboxController = nullptr;
     /** What was deleted in this language, the latest last; each entry is one action of the user. */

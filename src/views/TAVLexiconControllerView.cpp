@@ -50,7 +50,6 @@ TAVLexiconController::TAVLexiconController()
     , m_ui(std::make_unique<Ui::VocabularyView>())
     , m_model(std::make_unique<WordTableModel>(*this))
     , m_textInputSourceBackup(platform::services().inputSources->currentKeyboardLayoutInputSource())
-    , m_syncLog(TAVSyncLog::sharedManager())
 {
     m_ui->setupUi(m_view);
     m_wordEditor = std::make_unique<TAVWordPopoverController>(m_view);
@@ -216,8 +215,9 @@ void TAVLexiconController::updateStatusText()
     if (selected > 0)
         text += QStringLiteral(", ") + localized("Vocabulary", "selectedStatus", nullptr, int(selected));
     m_ui->statusTextField->setText(text);
-    m_ui->syncStatusTextField->setText(
-        m_syncLog->syncStatusForVocabulary(*m_vocabulary).value_or(QStringLiteral("Sync in progress")));
+    m_ui->syncStatusTextField->setText(TAVSyncLog::sharedManager()
+                                           ->syncStatusForVocabulary(*m_vocabulary)
+                                           .value_or(QStringLiteral("Sync in progress")));
 }
 
 QString TAVLexiconController::wordCountStatus()

@@ -87,6 +87,10 @@ TEST_F(StartStopTest, EveryCallComesInItsPlace)
     EXPECT_EQ(newCalls(), QStringList{u"rating 5 10 10"_qs});
 
     const qsizetype loggersBefore = DDLog::allLoggers().size();
+    {
+        const AppDelegate first;
+    }
+    EXPECT_EQ(DDLog::allLoggers().size(), loggersBefore) << "they go with it";
     AppDelegate delegate;
     EXPECT_EQ(DDLog::allLoggers().size(), loggersBefore + 2);
     EXPECT_TRUE(QFileInfo::exists(services.directory.filePath(u"Tavimo"_qs)));
