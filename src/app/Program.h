@@ -12,14 +12,16 @@
 #include <QObject>
 #include <QPointer>
 
+class VocabularyDocument;
+
 /** The main window with all its pages, built from their parts and tied to the entry object. */
 class Program : public QObject, public MainWindowLink
 {
     Q_OBJECT
 
 public:
-    /** The delegate must outlive this object. */
-    explicit Program(AppDelegate &delegate);
+    /** Both must outlive this object. */
+    Program(AppDelegate &delegate, VocabularyDocument &document);
     ~Program() override;
 
     /** Loads the language, or shows the first-start page. */

@@ -10,8 +10,6 @@ enum class Change {
     LevelSwitched,
     WordsEdited,
     WordsAdded,
-    /** The same, and the user wants the next empty word at once. */
-    WordsAddedWithMore,
     WordsDeleted,
     /** The empty word of an addition went again. */
     AdditionCancelled,
@@ -61,5 +59,7 @@ int numberOfPieces(Change change);
 /** Pieces are counted from 0. */
 Piece piece(Change change, int number);
 TouchedParts touchedBy(Change change);
+/** The line of the diagnostic log that a failed save leaves; null for none. */
+const char *lineOfFailedSave(Change change);
 
 } // namespace ChangeSteps

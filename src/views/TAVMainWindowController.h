@@ -1,11 +1,10 @@
 #pragma once
 
 #include "quiz/forms/QuizHub.h"
-#include "quizlet/browser/QuizletPage.h"
 #include "storage/exchange/Exchange.h"
 #include "sync/DropBoxController.h"
-#include "views/HubReceivers.h"
 #include "views/MainTab.h"
+#include "views/PreferencesPage.h"
 
 #include <QDateTime>
 #include <QMainWindow>
@@ -14,18 +13,19 @@
 #include <memory>
 
 class FirstStartPage;
+class LanguageMenu;
 class MainMenu;
+class MainPages;
 class MainToolbar;
-class QStackedWidget;
-class TAVFile;
 class TAVHelpController;
 class TAVLexiconController;
 class TAVUpdateController;
+class VocabularyDocument;
 
 /**
- * The hub: owns the one window with its toolbar, tabs and menus, decides what is seen at start, loads and
- * swaps the current language, and answers the sync, the settings, the import and the export. It holds no
- * words: the current vocabulary lives in TAVLexiconController and is read from there each time.
+ * The hub: owns the one window with its toolbar, tabs and menus, decides what is seen at start, swaps the
+ * current language, and answers the sync, the settings, the import and the export. It holds no words: the
+ * current vocabulary is read from TAVLexiconController each time.
  *
  * Main thread only. Everything works with no vocabulary loaded. The composition makes it, hands in the pages
  * that exist, and calls awakeFromNib().
@@ -40,14 +40,15 @@ class TAVMainWindowController : public QObject,
     Q_OBJECT
 
 public:
-    TAVMainWindowController();
+    /** The document must outlive this controller. */
+    explicit TAVMainWindowController(VocabularyDocument &document);
     ~TAVMainWindowController() override;
 
     // What the composition hands in before awakeFromNib(). Not owned; each must outlive this controller's
     // use. Without them the tabs show a calm line and the menu items stay disabled.
-    void setQuizSetupController(QuizPage *controller);
-    void setQuizletController(QuizletPage *controller);
-    void setStatisticsController(StatisticsPage *controller);
+    void setQuizSetupController(Page *controller) { setPage(MainTab::Quiz, controller); }
+    void setQuizletController(Page *controller) { setPage(MainTab::Quizlet, controller); }
+    void setStatisticsController(Page *controller) { setPage(MainTab::Statistics, controller); }
     void setPreferencesController(PreferencesPage *controller);
     void setImporter(Importer *importer);
     /** Makes the exporter at the first export. */
@@ -94,8 +95,8 @@ public:
     void doSync();
 
     // QuizHub
-    void disableAllToolbarItems() override;
-    void enableAllToolbarItems() override;
+    void disableAllToolbarItems() override { setToolbarEnabled(false); }
+    void enableAllToolbarItems() override { setToolbarEnabled(true); }
 
     // DropboxControllerDelegate
     void dropboxControllerDidFinishSync() override;
@@ -106,11 +107,11 @@ public:
     // TAVPreferencesDelegate
     void preferencesDidChangeVocabularyAtPath(const QString &path) override;
     void preferencesDidDeleteVocabularyAtPath(const QString &path) override;
-    void preferencesDidClose() override;
+    void preferencesDidClose() override { updateLanguagesPopup(); }
 
     // TAVImporterDelegate, TAVExporterDelegate
     void importDidEnd(Importer *importer) override;
-    void exportDidEnd(Exporter *exporter) override { Q_UNUSED(exporter) }
+    void exportDidEnd(Exporter *) override {}
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -118,25 +119,27 @@ protected:
 private:
     void buildWindow();
     void connectActions();
-    QWidget *makeCalmPage(MainTab tab);
-    void setPage(MainTab tab, QWidget *page);
+    void setPage(MainTab tab, Page *page);
+    void setActionsEnabled(bool enabled);
+    void setToolbarEnabled(bool enabled);
     void callTab(MainTab tab);
     /** The common end of all tab switches. */
     void selectTab(MainTab tab);
     void leaveVocabularyPage();
-    void setActionsEnabled(bool enabled);
-    void loadLastLanguage(const QList<std::shared_ptr<TAVFile>> &languages);
-    void selectCurrentLanguageInPopup();
-    void setWindowSizeFromSettings();
-    void rememberWindow();
+    void enterPage(MainTab tab);
+    /** With the first vocabulary, all that belongs to one can be chosen. */
+    void beginWith(const TAVLexiconRef &vocabulary);
     TAVLexiconRef vocabulary() const;
     /** Where the current vocabulary is saved; empty without one. */
     QString currentSavePath() const;
+
+    VocabularyDocument &m_document;
     std::unique_ptr<QMainWindow> m_mainWindow;
-    QStackedWidget *m_mainTabView = nullptr;
+    MainPages *m_pages = nullptr;
     MainToolbar *m_toolbar = nullptr;
     FirstStartPage *m_firstStartPage = nullptr;
     std::unique_ptr<TAVLexiconController> m_vocabularyController;
+    std::unique_ptr<LanguageMenu> m_languages;
     std::unique_ptr<TAVHelpController> m_helpController;
     std::unique_ptr<TAVUpdateController> m_updateController;
     std::unique_ptr<MainMenu> m_menu;
@@ -144,10 +147,8 @@ private:
     std::function<std::unique_ptr<Exporter>(TAVExporterDelegate *)> m_makeExporter;
     DropBoxController *m_dropboxController = nullptr;
     Importer *m_importer = nullptr;
-    QuizPage *m_quizSetupController = nullptr;
-    QuizletPage *m_quizletController = nullptr;
-    StatisticsPage *m_statisticsController = nullptr;
-    PreferencesPage *m_preferencesController = nullptr;
+    PreferencesPage m_missingPreferences;
+    PreferencesPage *m_preferencesController = &m_missingPreferences;
     QDateTime m_vocabularyLastLoadedDate;
     bool m_isInFirstSetupMode = false;
 };

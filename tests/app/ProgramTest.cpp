@@ -1,4 +1,4 @@
-#include "app/Program.h"
+#include "app/Composition.h"
 #include "app/ground/SettingsKeys.h"
 #include "quiz/forms/SegmentControl.h"
 #include "storage/TAVStorageManager.h"
@@ -36,9 +36,9 @@ protected:
     }
     QMainWindow *window() { return program.mainWindowController().mainWindow(); }
 
+    Composition composition;
     CountingSync sync;
-    AppDelegate delegate;
-    Program program{delegate};
+    Program &program = composition.makeProgram();
 };
 
 } // namespace
@@ -63,7 +63,7 @@ TEST_F(ProgramTest, FromTheFirstLanguageToEachKindOfQuiz)
     services.settings.setValue(settingskeys::hasShownVocabularyHelp, true);
     control<QLineEdit>("firstLanguageField")->setText(u"Italian"_qs);
     control<QPushButton>("getStartedButton")->click();
-    delegate.applicationDidFinishLaunching({});
+    composition.delegate().applicationDidFinishLaunching({});
     EXPECT_EQ(usage.events, QStringList{u"languageInfo"_qs});
 
     const TAVLexiconRef vocabulary = program.mainWindowController().vocabularyController()->vocabulary();

@@ -41,7 +41,7 @@ protected:
                 m_words.add("Maus", "mouse", level)};
     }
 
-    TAVFlashCardQuizController m_cards{&m_view};
+    TAVFlashCardQuizController m_cards{&m_view, m_document};
 };
 
 TEST_F(FlashCardQuizTest, AClickShowsTheSolutionAndTheNextOneBooksAsSkipped)

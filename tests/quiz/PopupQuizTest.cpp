@@ -43,7 +43,7 @@ protected:
     bool isInSight() { return m_popup.quizWindow()->isVisible(); }
 
     LockRecorder m_hub;
-    TAVPopupQuizController m_popup{&m_view, &m_hub, [this] { m_setup.showQuiz(); }};
+    TAVPopupQuizController m_popup{&m_view, m_document, &m_hub, [this] { m_setup.showQuiz(); }};
 };
 
 TEST_F(PopupQuizTest, AsksWaitsOutOfSightAndComesBackUntilAllIsAsked)
@@ -147,11 +147,11 @@ TEST_F(PopupQuizTest, TheIntervalIsKeptWithinItsRangesAndRestartsTheWait)
     for (const auto &[minutes, taken, restored] : cases) {
         services.settings.remove(QStringLiteral("popupQuizInterval"));
         QuizView view;
-        TAVPopupQuizController popup(&view, &m_hub, [] {});
+        TAVPopupQuizController popup(&view, m_document, &m_hub, [] {});
         popup.updateInterval(minutes);
         EXPECT_EQ(popup.questionIntervalMinutes(), taken);
         QuizView nextView;
-        TAVPopupQuizController nextStart(&nextView, &m_hub, [] {});
+        TAVPopupQuizController nextStart(&nextView, m_document, &m_hub, [] {});
         EXPECT_EQ(findControl<QSpinBox>(&nextView, "intervalStepper")->value(), restored) << minutes;
     }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ground/AppGround.h"
+#include "document/VocabularyDocument.h"
 #include "quiz/QuizWords.h"
 #include "quiz/forms/QuizView.h"
 #include "quiz/forms/TAVQuizSetupController.h"
@@ -110,7 +111,8 @@ protected:
 
     QuizWords m_words;
     Recorder m_recorder;
+    VocabularyDocument m_document;
     QuizView m_view;
-    TAVTypingQuizController m_typing{&m_view};
+    TAVTypingQuizController m_typing{&m_view, m_document};
     TAVQuizSetupController m_setup{&m_view, &m_recorder};
 };

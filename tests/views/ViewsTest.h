@@ -2,11 +2,13 @@
 
 #include "app/ground/AppGround.h"
 #include "app/ground/SettingsKeys.h"
+#include "document/VocabularyDocument.h"
 #include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"
 #include "sync/DropBoxController.h"
 #include "views/TAVLexiconController.h"
 #include "views/TAVMainWindowController.h"
+#include "views/WordTableModel.h"
 #include "views/WordTableView.h"
 
 #include <QtTest>
@@ -132,7 +134,7 @@ protected:
     }
     void start()
     {
-        hub = std::make_unique<TAVMainWindowController>();
+        hub = std::make_unique<TAVMainWindowController>(document);
         hub->awakeFromNib();
         hub->mainWindow()->show();
         services.clock.advanceSeconds(1);
@@ -206,5 +208,6 @@ protected:
     }
 
     Recorder recorder;
+    VocabularyDocument document;
     std::unique_ptr<TAVMainWindowController> hub;
 };

@@ -45,13 +45,13 @@ quint64 levelBelow(quint64 level)
 
 } // namespace
 
-TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view)
+TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view, VocabularyDocument &document)
     : m_view(view)
     , m_ui(std::make_unique<Ui::TAVFlashCardQuiz>())
 {
     QWidget *page = m_view->page(QuizView::flashCardPage);
     m_ui->setupUi(page);
-    m_editor = std::make_unique<TAVWordPopoverController>(page);
+    m_editor = std::make_unique<TAVWordPopoverController>(page, document);
     for (QLabel *label :
          {m_ui->upperLevelImageView, m_ui->upArrowImageView, m_ui->downArrowImageView,
           m_ui->lowerLevelImageView, m_ui->deletedImageView,

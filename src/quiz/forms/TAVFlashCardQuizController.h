@@ -11,6 +11,7 @@
 class FlashCardRestart;
 class QAbstractButton;
 class TAVWordPopoverController;
+class VocabularyDocument;
 
 namespace Ui {
 class TAVFlashCardQuiz;
@@ -26,7 +27,7 @@ class TAVFlashCardQuizController : public QObject, public QuizForm, public TAVWo
 
 public:
     /** The view must outlive the controller. */
-    explicit TAVFlashCardQuizController(QuizView *view);
+    TAVFlashCardQuizController(QuizView *view, VocabularyDocument &document);
     ~TAVFlashCardQuizController() override;
 
     void startQuiz() override;

@@ -38,7 +38,8 @@ constexpr quint64 highestLevel = 5;
 
 } // namespace
 
-TAVPopupQuizController::TAVPopupQuizController(QuizView *view, QuizHub *hub, std::function<void()> showSetup)
+TAVPopupQuizController::TAVPopupQuizController(QuizView *view, VocabularyDocument &document, QuizHub *hub,
+                                               std::function<void()> showSetup)
     : m_view(view)
     , m_hub(hub)
     , m_showSetup(std::move(showSetup))
@@ -52,7 +53,7 @@ TAVPopupQuizController::TAVPopupQuizController(QuizView *view, QuizHub *hub, std
     m_ui->setupUi(m_window.get());
     m_ui->popupCard->setPalette(CardStyle::palette(m_window->palette()));
     m_running->setupUi(m_view->page(QuizView::popupQuizPage));
-    m_editor = std::make_unique<TAVWordPopoverController>(m_window.get());
+    m_editor = std::make_unique<TAVWordPopoverController>(m_window.get(), document);
     for (QPushButton *button : {m_ui->checkButton, m_ui->nextButton, m_ui->closeButton})
         CardStyle::makeDefault(button);
     for (QLabel *label : {static_cast<QLabel *>(m_ui->commentTextField), m_running->popupIntro})

@@ -17,6 +17,7 @@
 class QMouseEvent;
 class QWidget;
 class TAVWordPopoverController;
+class VocabularyDocument;
 
 namespace Ui {
 class PopupQuiz;
@@ -36,7 +37,8 @@ class TAVPopupQuizController : public QObject,
 
 public:
     /** View and hub must outlive the controller. Close: what brings the setup page back. */
-    TAVPopupQuizController(QuizView *view, QuizHub *hub, std::function<void()> showSetup);
+    TAVPopupQuizController(QuizView *view, VocabularyDocument &document, QuizHub *hub,
+                           std::function<void()> showSetup);
     ~TAVPopupQuizController() override;
 
     void startQuiz() override;

@@ -40,13 +40,13 @@ QString helpText(Verdict verdict)
 
 } // namespace
 
-TAVTypingQuizController::TAVTypingQuizController(QuizView *view)
+TAVTypingQuizController::TAVTypingQuizController(QuizView *view, VocabularyDocument &document)
     : m_view(view)
     , m_ui(std::make_unique<Ui::TAVTypingQuiz>())
     , m_judge(*this)
 {
     m_ui->setupUi(m_view->page(QuizView::typingQuizPage));
-    m_editor = std::make_unique<TAVWordPopoverController>(m_view->page(QuizView::typingQuizPage));
+    m_editor = std::make_unique<TAVWordPopoverController>(m_view->page(QuizView::typingQuizPage), document);
     for (QLabel *label : {m_ui->answerUpperLevelImageView, m_ui->answerArrowImageView,
                           m_ui->questionLevelImageView, m_ui->deletedImageView})
         CardStyle::keepPlaceWhenHidden(label);

@@ -12,6 +12,7 @@
 
 class QuizView;
 class TAVWordPopoverController;
+class VocabularyDocument;
 
 namespace Ui {
 class TAVTypingQuiz;
@@ -30,7 +31,7 @@ class TAVTypingQuizController : public QObject,
 
 public:
     /** The view is not owned; it may go first when the program ends. */
-    explicit TAVTypingQuizController(QuizView *view);
+    TAVTypingQuizController(QuizView *view, VocabularyDocument &document);
     ~TAVTypingQuizController() override;
 
     void startQuiz() override;

@@ -1,6 +1,7 @@
 #include "EwmhDesktopTest.h"
 
 #include "app/ground/AppGround.h"
+#include "document/VocabularyDocument.h"
 #include "quiz/forms/TAVPopupQuizController.h"
 
 namespace {
@@ -32,7 +33,8 @@ TEST_F(EwmhDesktopTest, ThePopupQuizComesOverAnotherProgramAndGivesTheFocusBack)
     vocabulary->batchAddWords(words);
     QuizView view;
     UnlockedHub hub;
-    TAVPopupQuizController popup(&view, &hub, [] {});
+    VocabularyDocument document;
+    TAVPopupQuizController popup(&view, document, &hub, [] {});
     popup.setVocabulary(vocabulary);
     popup.setWordsToAsk(words);
     popup.startQuiz();
