@@ -9,7 +9,7 @@
 namespace {
 
 constexpr QSize usualSize(1080, 720);
-constexpr QSize smallestSize(800, 600);
+constexpr QSize minSize(800, 600);
 
 } // namespace
 
@@ -20,7 +20,7 @@ void restore(QWidget &window)
     const QString stored = platform::settings().text(settingskeys::mainWindowSize);
     const QSize wanted(stored.section(QLatin1Char('x'), 0, 0).toInt(),
                        stored.section(QLatin1Char('x'), 1).toInt());
-    QSize size = wanted.width() > 0 && wanted.height() > 0 ? wanted.expandedTo(smallestSize) : usualSize;
+    QSize size = wanted.width() > 0 && wanted.height() > 0 ? wanted.expandedTo(minSize) : usualSize;
     if (const QScreen *screen = window.screen())
         size = size.boundedTo(screen->availableSize());
     window.resize(size);

@@ -19,7 +19,7 @@ namespace {
 constexpr std::chrono::milliseconds focusDelay = 500ms;
 constexpr quint64 nativeLevel = 5;
 /** Far above what anybody types; a dropped text full of separators would keep the program busy for ever. */
-constexpr qsizetype mostPairs = 500;
+constexpr qsizetype maxPairs = 500;
 
 void enableAndShow(QWidget *control, bool flag)
 {
@@ -251,7 +251,7 @@ bool TAVWordPopoverController::writeOneWord()
     const TAVWordRef word = m_selectedWords.last();
     const WordEdits::Content typed = content();
     if (WordEdits::holdsSeveral(typed)) {
-        if (WordEdits::numberOfPairs(typed) > mostPairs) {
+        if (WordEdits::numberOfPairs(typed) > maxPairs) {
             platform::services().alerts->show({platform::localized("Vocabulary", "tooManyWordsTitle"),
                                                platform::localized("Vocabulary", "tooManyWordsMsg"),
                                                {platform::localized("Vocabulary", "ok")}});
