@@ -272,6 +272,11 @@ const TAVWordList &TAVLexiconController::currentWordsToShow()
     return m_table->currentWordsToShow();
 }
 
+qsizetype TAVLexiconController::calculateWordIndexForRow(qsizetype row)
+{
+    return m_table->calculateWordIndexForRow(row);
+}
+
 void TAVLexiconController::didClickTableColumn(int column)
 {
     m_table->didClickTableColumn(column);

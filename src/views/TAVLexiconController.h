@@ -86,6 +86,8 @@ public:
 
     /** In ascending order, whatever end the table shows first. */
     const TAVWordList &currentWordsToShow();
+    /** The place in that list that a row shows. */
+    qsizetype calculateWordIndexForRow(qsizetype row);
     bool acceptDrop(int row, const QString &text);
     void didClickTableColumn(int column);
 

@@ -3,13 +3,10 @@
 #include "DeployerValues.h"
 #include "app/ground/AppGround.h"
 #include "app/ground/SettingsKeys.h"
-#include "app/ground/TAVFile.h"
-#include "document/NewLanguage.h"
 #include "document/VocabularyDocument.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
-#include "storage/LanguageName.h"
 #include "storage/TAVStorageManager.h"
 #include "usage/Consent.h"
 #include "usage/KeenClient.h"
@@ -54,6 +51,7 @@ TAVMainWindowController::TAVMainWindowController(VocabularyDocument &document)
     m_helpController = std::make_unique<TAVHelpController>(m_vocabularyController->view());
     buildWindow();
     m_languages = std::make_unique<LanguageMenu>(m_toolbar->languagesPopUp(), document);
+    m_firstStart = std::make_unique<FirstStart>(m_firstStartPage, document, *this);
     m_menu = std::make_unique<MainMenu>(*this);
     connectActions();
 }
@@ -92,12 +90,8 @@ void TAVMainWindowController::connectActions()
     connect(m_toolbar, &MainToolbar::languageChosen, this, &TAVMainWindowController::selectLanguage);
     connect(m_vocabularyController.get(), &TAVLexiconController::quizSelectedRequested, this,
             &TAVMainWindowController::showQuiz);
-    connect(m_firstStartPage, &FirstStartPage::getStartedRequested, this,
-            &TAVMainWindowController::setFirstLanguage);
     connect(m_firstStartPage, &FirstStartPage::linkRequested, this,
             &TAVMainWindowController::linkWithDropbox);
-    connect(m_firstStartPage, &FirstStartPage::getStartedAfterSyncRequested, this,
-            &TAVMainWindowController::getStartedAfterSync);
 }
 
 void TAVMainWindowController::setPage(MainTab tab, Page *page)
@@ -157,11 +151,9 @@ void TAVMainWindowController::awakeFromNib()
     m_dropboxController->setWindow(m_mainWindow.get());
     const auto languages = AppGround::loadAllAvailableLanguages();
     m_toolbar->select(MainTab::FirstStartSetup);
-    m_isInFirstSetupMode = languages.isEmpty();
-    if (m_isInFirstSetupMode) {
+    if (languages.isEmpty()) {
         selectTab(MainTab::FirstStartSetup);
-        m_firstStartPage->prepare(m_dropboxController->isLinked());
-        m_firstStartPage->setFocus();
+        m_firstStart->begin(m_dropboxController->isLinked());
         setActionsEnabled(false);
     } else {
         if (const TAVLexiconRef loaded = LanguageMenu::loadLast(languages)) {
@@ -276,7 +268,7 @@ void TAVMainWindowController::enterPage(MainTab tab)
 void TAVMainWindowController::showVocabulary()
 {
     doSync();
-    m_isInFirstSetupMode = false;
+    m_firstStart->end();
     enterPage(MainTab::Vocabulary);
     if (!platform::settings().boolean(settingskeys::hasShownVocabularyHelp)) {
         platform::settings().setValue(settingskeys::hasShownVocabularyHelp, true);
@@ -368,23 +360,6 @@ void TAVMainWindowController::doSync()
 
 // First start
 
-void TAVMainWindowController::setFirstLanguage()
-{
-    const QString name = m_firstStartPage->languageName();
-    if (!name.isEmpty() && isPossibleLanguageName(name))
-        createFirstLanguageWithName(name);
-}
-
-void TAVMainWindowController::createFirstLanguageWithName(const QString &name)
-{
-    const TAVLexiconRef created = NewLanguage::make(AppGround::selectedLocaleName(), name);
-    m_document.commit(Change::FirstLanguageMade, created);
-    beginWith(created);
-    m_document.proceed(Change::FirstLanguageMade, 1, created);
-    m_helpController->closeHelp();
-    showVocabulary();
-}
-
 void TAVMainWindowController::beginWith(const TAVLexiconRef &vocabulary)
 {
     m_vocabularyController->setVocabulary(vocabulary);
@@ -404,22 +379,9 @@ void TAVMainWindowController::changeSelectedSyncService(int column)
     m_firstStartPage->selectSyncService(column);
 }
 
-void TAVMainWindowController::getStartedAfterSync()
+void TAVMainWindowController::closeHelp()
 {
-    const auto languages = AppGround::loadAllAvailableLanguages();
-    if (languages.isEmpty()) {
-        m_firstStartPage->reset();
-        platform::services().alerts->show({localized("MainWindow", "noLangsOnDB"),
-                                           localized("MainWindow", "noLangsOnDBMsg"),
-                                           {localized("MainWindow", "ok")}});
-        return;
-    }
-    // A file that can't be read has told so; the page stays for another try.
-    const TAVLexiconRef loaded = TAVStorageManager::vocabularyFromFile(languages.first()->filePath());
-    if (!loaded)
-        return;
-    beginWith(loaded);
-    showVocabulary();
+    m_helpController->closeHelp();
 }
 
 // Answers
@@ -442,7 +404,7 @@ void TAVMainWindowController::dropboxControllerDidFinishSync()
 
 void TAVMainWindowController::dropboxControllerDidLinkSuccessfully()
 {
-    if (m_isInFirstSetupMode) {
+    if (isInFirstSetupMode()) {
         m_firstStartPage->showLinked();
         doSync();
         return;

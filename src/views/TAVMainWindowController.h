@@ -3,6 +3,7 @@
 #include "quiz/forms/QuizHub.h"
 #include "storage/exchange/Exchange.h"
 #include "sync/DropBoxController.h"
+#include "views/FirstStart.h"
 #include "views/MainTab.h"
 #include "views/PreferencesPage.h"
 
@@ -32,6 +33,7 @@ class VocabularyDocument;
  */
 class TAVMainWindowController : public QObject,
                                 public QuizHub,
+                                public FirstStartHub,
                                 public DropboxControllerDelegate,
                                 public TAVPreferencesDelegate,
                                 public TAVImporterDelegate,
@@ -65,13 +67,13 @@ public:
     TAVLexiconController *vocabularyController() const { return m_vocabularyController.get(); }
     TAVHelpController *helpController() const { return m_helpController.get(); }
     TAVUpdateController *updateController() const { return m_updateController.get(); }
-    bool isInFirstSetupMode() const { return m_isInFirstSetupMode; }
+    bool isInFirstSetupMode() const { return m_firstStart->isOn(); }
     /** Invalid until the end of the first sync. */
     QDateTime vocabularyLastLoadedDate() const { return m_vocabularyLastLoadedDate; }
     MainTab selectedTab() const;
 
     // Actions
-    void showVocabulary();
+    void showVocabulary() override;
     void showQuiz();
     void showQuizlet();
     void showStatistics();
@@ -85,18 +87,22 @@ public:
     void showAbout();
     void visitSupport();
     void goToAppSupportFolder();
-    void setFirstLanguage();
+    void setFirstLanguage() { m_firstStart->setFirstLanguage(); }
     void linkWithDropbox();
     void changeSelectedSyncService(int column);
-    void getStartedAfterSync();
+    void getStartedAfterSync() { m_firstStart->getStartedAfterSync(); }
 
-    void createFirstLanguageWithName(const QString &name);
+    void createFirstLanguageWithName(const QString &name) { m_firstStart->createFirstLanguageWithName(name); }
     void updateLanguagesPopup();
     void doSync();
 
     // QuizHub
     void disableAllToolbarItems() override { setToolbarEnabled(false); }
     void enableAllToolbarItems() override { setToolbarEnabled(true); }
+
+    // FirstStartHub
+    void beginWith(const TAVLexiconRef &vocabulary) override;
+    void closeHelp() override;
 
     // DropboxControllerDelegate
     void dropboxControllerDidFinishSync() override;
@@ -127,8 +133,6 @@ private:
     void selectTab(MainTab tab);
     void leaveVocabularyPage();
     void enterPage(MainTab tab);
-    /** With the first vocabulary, all that belongs to one can be chosen. */
-    void beginWith(const TAVLexiconRef &vocabulary);
     TAVLexiconRef vocabulary() const;
     /** Where the current vocabulary is saved; empty without one. */
     QString currentSavePath() const;
@@ -140,6 +144,7 @@ private:
     FirstStartPage *m_firstStartPage = nullptr;
     std::unique_ptr<TAVLexiconController> m_vocabularyController;
     std::unique_ptr<LanguageMenu> m_languages;
+    std::unique_ptr<FirstStart> m_firstStart;
     std::unique_ptr<TAVHelpController> m_helpController;
     std::unique_ptr<TAVUpdateController> m_updateController;
     std::unique_ptr<MainMenu> m_menu;
@@ -150,5 +155,4 @@ private:
     PreferencesPage m_missingPreferences;
     PreferencesPage *m_preferencesController = &m_missingPreferences;
     QDateTime m_vocabularyLastLoadedDate;
-    bool m_isInFirstSetupMode = false;
 };

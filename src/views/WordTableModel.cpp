@@ -14,7 +14,8 @@ constexpr std::array<QLatin1String, WordTableModel::ColumnCount> identifiers{
     QLatin1String("yourWord"), QLatin1String("foreignWord"), QLatin1String("comment"), QLatin1String("tags"),
     QLatin1String("lastAsked")};
 
-/** A tag is a few words at most; a whole document, dropped by mistake, would fill the cloud with one button. */
+/** A tag is a few words at most; a whole document, dropped by mistake, would fill the cloud with one button.
+ */
 constexpr qsizetype maxDroppedText = 200;
 
 } // namespace
