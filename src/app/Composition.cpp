@@ -1,11 +1,11 @@
 #include "app/Composition.h"
 
-Composition::Composition()
-    : m_ratingPrompt(std::make_unique<RatingPrompt>())
+Composition::Composition(SharedObjects shared)
+    : m_ratingPrompt(std::move(shared.ratingPrompt))
     , m_delegate(makeDelegate())
-    , m_syncLog(std::make_unique<TAVSyncLog>())
-    , m_sync(std::make_unique<DropBoxController>())
-    , m_usage(std::make_unique<KeenClient>())
+    , m_syncLog(std::move(shared.syncLog))
+    , m_sync(std::move(shared.sync))
+    , m_usage(std::move(shared.usage))
 {
 }
 

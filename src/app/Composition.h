@@ -9,6 +9,15 @@
 #include "usage/KeenClient.h"
 #include "usage/RatingPrompt.h"
 
+/** What the whole program shares by name; idle where nothing else is put in. */
+struct SharedObjects
+{
+    std::unique_ptr<RatingPrompt> ratingPrompt = std::make_unique<RatingPrompt>();
+    std::unique_ptr<TAVSyncLog> syncLog = std::make_unique<TAVSyncLog>();
+    std::unique_ptr<DropBoxController> sync = std::make_unique<DropBoxController>();
+    std::unique_ptr<KeenClient> usage = std::make_unique<KeenClient>();
+};
+
 /**
  * Builds the program in one order, which is that of the members below, and takes it down in the opposite one.
  * What is shared by name is registered before anybody can ask for it. The services must be installed, and
@@ -18,7 +27,7 @@ class Composition
 {
 public:
     /** All but the window: the log and the folders stand when this returns. */
-    Composition();
+    explicit Composition(SharedObjects shared = {});
 
     AppDelegate &delegate() { return *m_delegate; }
     /** Makes the main window, once the start has come so far. */

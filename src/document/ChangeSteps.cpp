@@ -39,7 +39,7 @@ constexpr TouchedParts content = TouchedParts(Touched::Tags) | Touched::Texts | 
 constexpr TouchedParts everything = content | Touched::Levels;
 
 /** What the editor sets going itself; what its user does then is the next piece. */
-constexpr Steps editorSteps(DropLevelLists, BuildSynonyms, BuildTagsIndex, Flag, SaveOrStop);
+constexpr Steps editorSteps(DropLevelLists, BuildSynonyms, BuildTagsIndex, Flag, Save);
 constexpr const char *editorLine = "WordPopover > save > could not save voc";
 constexpr Steps nothing;
 
@@ -51,7 +51,7 @@ const Row rows[] = {
     // Nobody hears of a vocabulary that is set before its page was shown: the request has a piece of its own.
     {Change::LevelSwitched,
      {},
-     {Steps(SaveOrStop), Steps(RequestSync)},
+     {Steps(Save), Steps(RequestSync)},
      "VocController > doSync > could not save voc"},
     {Change::WordsEdited, everything, {editorSteps, Steps(Mark, RequestSync)}, editorLine},
     // While the user goes on adding, the sync waits.
@@ -64,7 +64,7 @@ const Row rows[] = {
      "VocController > acceptDrop > could not save voc"},
     {Change::DuplicatesRemoved,
      everything,
-     {Steps(SaveOrStop), Steps(SaveOrStop), Steps(RequestSync)},
+     {Steps(Save), Steps(Save), Steps(RequestSync)},
      "VocController > deleteDuplicates > could not save voc"},
     {Change::Undone,
      everything,

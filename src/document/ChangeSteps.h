@@ -37,10 +37,8 @@ enum class ChangeStep {
     Flag,
     /** The sync engine writes the file to the shared folder at its next run. */
     Mark,
-    /** A failure was told by its alert; the steps go on. */
+    /** A failure was told by its alert. The piece goes on; whether the change does is its caller's. */
     Save,
-    /** A failure ends the change. */
-    SaveOrStop,
     RequestSync,
 };
 

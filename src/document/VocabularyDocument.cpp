@@ -29,7 +29,6 @@ bool take(ChangeStep step, const TAVLexiconRef &vocabulary)
         DropBoxController::sharedManager()->markFileAsNeedsSync(*vocabulary);
         break;
     case ChangeStep::Save:
-    case ChangeStep::SaveOrStop:
         return TAVStorageManager::saveVocabulary(vocabulary);
     case ChangeStep::RequestSync:
         DropBoxController::sharedManager()->syncWithDropbox();
@@ -59,8 +58,6 @@ ChangeOutcome VocabularyDocument::proceed(Change change, int piece, TAVLexiconRe
         outcome.isSaved = false;
         if (const char *line = ChangeSteps::lineOfFailedSave(change))
             platform::diagnosticLog(QLatin1String(line));
-        if (step == ChangeStep::SaveOrStop)
-            break;
     }
     return outcome;
 }

@@ -6,7 +6,6 @@
 
 #include <QHideEvent>
 #include <QScrollBar>
-#include <QSignalBlocker>
 
 #include <cmath>
 
@@ -144,7 +143,6 @@ QString VocabularyView::searchTerm() const
 
 void VocabularyView::emptySearchField()
 {
-    const QSignalBlocker silence(this);
     m_ui->searchField->clear();
 }
 

@@ -40,7 +40,6 @@ public:
     void setSynonymsShown(bool shown);
 
     QString searchTerm() const;
-    /** Nobody is told. */
     void emptySearchField();
     void focusOnSearchField();
 
