@@ -9,7 +9,7 @@ namespace NewLanguage {
 QString foreignName(const QString &typed);
 /** The same, and never ending in a bracket: such a file would be taken for a conflicted copy, and deleted. */
 QString yourName(const QString &typed);
-/** An empty vocabulary. Its two names always differ, also in lower case. */
+/** An empty vocabulary. Where both names are the same in lower case, the user's becomes "My Language". */
 TAVLexiconRef make(const QString &yourLanguage, const QString &foreignLanguage);
 
 } // namespace NewLanguage
