@@ -1,7 +1,6 @@
 #include "app/AppDelegate.h"
 
 #include "DeployerValues.h"
-#include "app/ApplicationMover.h"
 #include "app/ground/SettingsKeys.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
@@ -42,7 +41,7 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationWillFinishLaunching()
 {
-    ApplicationMover::shared()->offerMoveToApplicationsFolder();
+    offerMoveToApplicationsFolder();
 }
 
 void AppDelegate::applicationDidFinishLaunching(const QString &notificationName)

@@ -38,6 +38,10 @@ public:
     bool applicationShouldTerminateAfterLastWindowClosed() const { return true; }
     void applicationWillTerminate();
 
+protected:
+    /** Where a program lies is the package manager's business here: nobody is asked. */
+    virtual void offerMoveToApplicationsFolder() {}
+
 private:
     static void registerDefaults();
     static void startUsageClient();

@@ -6,12 +6,13 @@
 #include <QCoreApplication>
 #include <QEvent>
 
-Program::Program(AppDelegate &delegate)
+Program::Program(AppDelegate &delegate, VocabularyDocument &document)
     : m_delegate(delegate)
+    , m_mainWindowController(document)
     , m_quizView(new QuizView)
-    , m_typingQuiz(m_quizView, m_document)
-    , m_flashCardQuiz(m_quizView, m_document)
-    , m_popupQuiz(m_quizView, m_document, &m_mainWindowController, [this] { m_quizSetup.showQuiz(); })
+    , m_typingQuiz(m_quizView, document)
+    , m_flashCardQuiz(m_quizView, document)
+    , m_popupQuiz(m_quizView, document, &m_mainWindowController, [this] { m_quizSetup.showQuiz(); })
     , m_quizSetup(m_quizView, m_mainWindowController.vocabularyController())
 {
     m_quizSetup.setQuizController(&m_typingQuiz);

@@ -2,7 +2,6 @@
 
 #include "app/AppDelegate.h"
 
-#include "document/VocabularyDocument.h"
 #include "quiz/forms/QuizView.h"
 #include "quiz/forms/TAVFlashCardQuizController.h"
 #include "quiz/forms/TAVPopupQuizController.h"
@@ -13,14 +12,16 @@
 #include <QObject>
 #include <QPointer>
 
+class VocabularyDocument;
+
 /** The main window with all its pages, built from their parts and tied to the entry object. */
 class Program : public QObject, public MainWindowLink
 {
     Q_OBJECT
 
 public:
-    /** The delegate must outlive this object. */
-    explicit Program(AppDelegate &delegate);
+    /** Both must outlive this object. */
+    Program(AppDelegate &delegate, VocabularyDocument &document);
     ~Program() override;
 
     /** Loads the language, or shows the first-start page. */
@@ -44,7 +45,6 @@ private:
     void bringToFront(QWidget *window);
 
     AppDelegate &m_delegate;
-    VocabularyDocument m_document;
     TAVMainWindowController m_mainWindowController;
     /** Belongs to the window once that has taken it over. */
     QPointer<QuizView> m_quizView;

@@ -1,5 +1,5 @@
 #include "app/Application.h"
-#include "app/Program.h"
+#include "app/Composition.h"
 #include "app/SystemServices.h"
 #include "platform/Texts.h"
 #include "platform/desktop/SingleInstance.h"
@@ -20,14 +20,14 @@ constexpr std::chrono::seconds patienceWithFirst{10};
 /** From the first folder to the end of all work; the process's result. */
 int run(Application &application, SystemServices &services, SingleInstance &instance)
 {
-    AppDelegate::load();
-    AppDelegate delegate;
+    Composition composition;
+    AppDelegate &delegate = composition.delegate();
     if (AppDelegate::vocabularyFolderPath().isEmpty())
         return 1; // The user has been told that there is nowhere to keep anything.
     application.setShouldTerminate([&delegate] { return delegate.applicationShouldTerminate(); });
     application.quitOnSignals();
     delegate.applicationWillFinishLaunching();
-    Program program(delegate);
+    Program &program = composition.makeProgram();
     program.awakeFromNib();
     QObject::connect(&instance, &SingleInstance::startedAgain, &program, &Program::reopen);
     delegate.applicationDidFinishLaunching(QStringLiteral("ApplicationDidFinishLaunching"));

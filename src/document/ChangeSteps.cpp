@@ -31,30 +31,45 @@ struct Row
     Change change;
     TouchedParts touched;
     std::array<Steps, maxPieces> pieces;
+    const char *lineOfFailedSave = nullptr;
 };
 
 constexpr Touched levels = Touched::Levels;
 constexpr TouchedParts content = TouchedParts(Touched::Tags) | Touched::Texts | Touched::List;
 constexpr TouchedParts everything = content | Touched::Levels;
 
-/** What the editor does to words itself; what its user does then is the next piece. */
-constexpr Steps editorSteps(DropLevelLists, BuildSynonyms, BuildTagsIndex, Flag, SaveOrStop);
+/** What the editor sets going itself; what its user does then is the next piece. */
+constexpr Steps editorSteps(DropLevelLists, BuildSynonyms, BuildTagsIndex, Flag, Save);
+constexpr const char *editorLine = "WordPopover > save > could not save voc";
+constexpr Steps nothing;
 
 /**
  * The one place that knows which steps follow which change. Some leave one out on purpose: a removal of
  * duplicates neither flags nor marks, and the end of a run has nothing to flag that its answers have not.
  */
 const Row rows[] = {
-    {Change::LevelSwitched, {}, {Steps(SaveOrStop, RequestSync)}},
-    {Change::WordsEdited, everything, {editorSteps, Steps(Mark, RequestSync)}},
-    {Change::WordsAdded, everything, {editorSteps, Steps(Mark, RequestSync)}},
-    // The sync comes after the last word; or right away, if there is no page any more to type the next one.
-    {Change::WordsAddedWithMore, everything, {editorSteps, Steps(Mark), Steps(RequestSync)}},
-    {Change::WordsDeleted, everything, {editorSteps, Steps(Mark), Steps(RequestSync)}},
-    {Change::AdditionCancelled, Touched::List, {Steps(RequestSync)}},
-    {Change::TagDropped, Touched::Tags, {Steps(Flag, Mark, Save, RequestSync)}},
-    {Change::DuplicatesRemoved, everything, {Steps(SaveOrStop), Steps(SaveOrStop), Steps(RequestSync)}},
-    {Change::Undone, everything, {Steps(Flag, Mark, Save), Steps(RequestSync)}},
+    // Nobody hears of a vocabulary that is set before its page was shown: the request has a piece of its own.
+    {Change::LevelSwitched,
+     {},
+     {Steps(Save), Steps(RequestSync)},
+     "VocController > doSync > could not save voc"},
+    {Change::WordsEdited, everything, {editorSteps, Steps(Mark, RequestSync)}, editorLine},
+    // While the user goes on adding, the sync waits.
+    {Change::WordsAdded, everything, {editorSteps, Steps(Mark), Steps(RequestSync)}, editorLine},
+    {Change::WordsDeleted, everything, {editorSteps, Steps(Mark), Steps(RequestSync)}, editorLine},
+    {Change::AdditionCancelled, TouchedParts(Touched::List) | levels, {nothing, Steps(RequestSync)}},
+    {Change::TagDropped,
+     Touched::Tags,
+     {Steps(Flag, Mark, Save, RequestSync)},
+     "VocController > acceptDrop > could not save voc"},
+    {Change::DuplicatesRemoved,
+     everything,
+     {Steps(Save), Steps(Save), Steps(RequestSync)},
+     "VocController > deleteDuplicates > could not save voc"},
+    {Change::Undone,
+     everything,
+     {Steps(Flag, Mark, Save), Steps(RequestSync)},
+     "VocController > undoDeletion > could not save voc"},
     {Change::AnswerTyped, levels, {Steps(Flag, Mark, Save)}},
     {Change::TypingRunEnded, levels, {Steps(Mark, Save, RequestSync)}},
     {Change::CardBooked, levels, {Steps(Flag, Mark, Save)}},
@@ -81,8 +96,9 @@ namespace ChangeSteps {
 int numberOfPieces(Change change)
 {
     const auto &pieces = rowOf(change).pieces;
-    return int(
-        std::count_if(pieces.begin(), pieces.end(), [](const Steps &steps) { return steps.count > 0; }));
+    const auto last =
+        std::find_if(pieces.rbegin(), pieces.rend(), [](const Steps &steps) { return steps.count > 0; });
+    return int(pieces.rend() - last);
 }
 
 Piece piece(Change change, int number)
@@ -95,6 +111,11 @@ Piece piece(Change change, int number)
 TouchedParts touchedBy(Change change)
 {
     return rowOf(change).touched;
+}
+
+const char *lineOfFailedSave(Change change)
+{
+    return rowOf(change).lineOfFailedSave;
 }
 
 } // namespace ChangeSteps

@@ -10,8 +10,6 @@ enum class Change {
     LevelSwitched,
     WordsEdited,
     WordsAdded,
-    /** The same, and the user wants the next empty word at once. */
-    WordsAddedWithMore,
     WordsDeleted,
     /** The empty word of an addition went again. */
     AdditionCancelled,
@@ -39,10 +37,8 @@ enum class ChangeStep {
     Flag,
     /** The sync engine writes the file to the shared folder at its next run. */
     Mark,
-    /** A failure was told by its alert; the steps go on. */
+    /** A failure was told by its alert. The piece goes on; whether the change does is its caller's. */
     Save,
-    /** A failure ends the change. */
-    SaveOrStop,
     RequestSync,
 };
 
@@ -61,5 +57,7 @@ int numberOfPieces(Change change);
 /** Pieces are counted from 0. */
 Piece piece(Change change, int number);
 TouchedParts touchedBy(Change change);
+/** The line of the diagnostic log that a failed save leaves; null for none. */
+const char *lineOfFailedSave(Change change);
 
 } // namespace ChangeSteps

@@ -1,5 +1,6 @@
 #include "document/VocabularyDocument.h"
 
+#include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "storage/TAVStorageManager.h"
 #include "sync/DropBoxController.h"
@@ -8,36 +9,30 @@
 
 namespace {
 
-/** False if the change ends here. */
-bool take(ChangeStep step, const TAVLexiconRef &vocabulary, SyncHears syncHears, ChangeOutcome &outcome)
+/** False if the write failed. */
+bool take(ChangeStep step, const TAVLexiconRef &vocabulary)
 {
     switch (step) {
     case ChangeStep::DropLevelLists:
         vocabulary->invalidateCachedWordLists();
-        return true;
+        break;
     case ChangeStep::BuildSynonyms:
         vocabulary->buildSynonyms();
-        return true;
+        break;
     case ChangeStep::BuildTagsIndex:
         vocabulary->buildTagsIndex();
-        return true;
+        break;
     case ChangeStep::Flag:
         vocabulary->setNeedsSync(true);
-        return true;
+        break;
     case ChangeStep::Mark:
-        if (syncHears == SyncHears::Yes)
-            DropBoxController::sharedManager()->markFileAsNeedsSync(*vocabulary);
-        return true;
+        DropBoxController::sharedManager()->markFileAsNeedsSync(*vocabulary);
+        break;
     case ChangeStep::Save:
-        outcome.isSaved = TAVStorageManager::saveVocabulary(vocabulary);
-        return true;
-    case ChangeStep::SaveOrStop:
-        outcome.isSaved = TAVStorageManager::saveVocabulary(vocabulary);
-        return outcome.isSaved;
+        return TAVStorageManager::saveVocabulary(vocabulary);
     case ChangeStep::RequestSync:
-        if (syncHears == SyncHears::Yes)
-            DropBoxController::sharedManager()->syncWithDropbox();
-        return true;
+        DropBoxController::sharedManager()->syncWithDropbox();
+        break;
     }
     return true;
 }
@@ -53,54 +48,70 @@ TAVLexiconRef VocabularyDocument::presentVersionOf(const TAVLexiconRef &given) c
     return isSameFile ? m_vocabulary : given;
 }
 
-ChangeOutcome VocabularyDocument::proceed(Change change, int piece, TAVLexiconRef vocabulary,
-                                          SyncHears syncHears)
+ChangeOutcome VocabularyDocument::proceed(Change change, int piece, TAVLexiconRef vocabulary)
 {
     ChangeOutcome outcome;
-    if (!vocabulary)
-        return outcome;
     outcome.touched = ChangeSteps::touchedBy(change);
     for (const ChangeStep step : ChangeSteps::piece(change, piece)) {
-        if (!take(step, vocabulary, syncHears, outcome))
-            break;
+        if ((!vocabulary && step != ChangeStep::RequestSync) || take(step, vocabulary))
+            continue;
+        outcome.isSaved = false;
+        if (const char *line = ChangeSteps::lineOfFailedSave(change))
+            platform::diagnosticLog(QLatin1String(line));
     }
     return outcome;
 }
 
-ChangeOutcome VocabularyDocument::deleteWords(TAVLexiconRef vocabulary, const TAVWordList &words,
-                                              SyncHears syncHears)
+TAVWordRef VocabularyDocument::beginAddition(TAVLexicon &vocabulary)
 {
-    vocabulary->removeWords(words);
-    ChangeOutcome outcome = commit(Change::WordsDeleted, std::move(vocabulary), syncHears);
+    const auto word = std::make_shared<TAVWord>(QString(), QString(), QString());
+    vocabulary.addWord(word);
+    return word;
+}
+
+ChangeOutcome VocabularyDocument::deleteWords(TAVLexiconRef vocabulary, const TAVWordList &words)
+{
+    // What an alert lets happen may change the caller's list.
+    const TAVWordList removed = words;
+    vocabulary->removeWords(removed);
+    ChangeOutcome outcome = commit(Change::WordsDeleted, std::move(vocabulary));
+    outcome.removedWords = removed;
+    return outcome;
+}
+
+ChangeOutcome VocabularyDocument::cancelAddition(TAVLexiconRef vocabulary, const TAVWordList &words)
+{
+    if (vocabulary)
+        vocabulary->removeWords(words);
+    ChangeOutcome outcome = commit(Change::AdditionCancelled, std::move(vocabulary));
     outcome.removedWords = words;
     return outcome;
 }
 
 ChangeOutcome VocabularyDocument::dropTag(TAVLexiconRef vocabulary, const TAVWordRef &word,
-                                          const QString &tag, SyncHears syncHears)
+                                          const QString &tag)
 {
     word->addTag(tag);
     word->setModificationID(platform::secondsSince1970(platform::clock()));
-    return commit(Change::TagDropped, std::move(vocabulary), syncHears);
+    return commit(Change::TagDropped, std::move(vocabulary));
 }
 
-ChangeOutcome VocabularyDocument::removeDuplicates(TAVLexiconRef vocabulary, SyncHears syncHears)
+ChangeOutcome VocabularyDocument::removeDuplicates(TAVLexiconRef vocabulary)
 {
-    ChangeOutcome outcome = commit(Change::DuplicatesRemoved, vocabulary, syncHears);
+    ChangeOutcome outcome = commit(Change::DuplicatesRemoved, vocabulary);
     if (!outcome.isSaved)
         return outcome;
     TAVWordList removed = vocabulary->allWords();
     vocabulary->deleteDuplicates();
     const QSet<TAVWordRef> left(vocabulary->allWords().begin(), vocabulary->allWords().end());
     removed.removeIf([&left](const TAVWordRef &word) { return left.contains(word); });
-    outcome = proceed(Change::DuplicatesRemoved, 1, std::move(vocabulary), syncHears);
+    outcome = proceed(Change::DuplicatesRemoved, 1, std::move(vocabulary));
     outcome.removedWords = removed;
     return outcome;
 }
 
-ChangeOutcome VocabularyDocument::restoreWords(TAVLexiconRef vocabulary, const TAVWordList &words,
-                                               SyncHears syncHears)
+ChangeOutcome VocabularyDocument::restoreWords(TAVLexiconRef vocabulary, const TAVWordList &words)
 {
     vocabulary->restoreWords(words);
-    return commit(Change::Undone, std::move(vocabulary), syncHears);
+    return commit(Change::Undone, std::move(vocabulary));
 }

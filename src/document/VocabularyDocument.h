@@ -4,9 +4,6 @@
 #include "document/WordEdits.h"
 #include "model/TAVLexicon.h"
 
-/** Whether the sync hears of a change. It doesn't before the vocabulary view was shown for the first time. */
-enum class SyncHears { No, Yes };
-
 /** What became of a change, or of one piece of it. */
 struct ChangeOutcome
 {
@@ -42,26 +39,27 @@ public:
      */
     TAVLexiconRef presentVersionOf(const TAVLexiconRef &given) const;
 
-    /** Does the steps of one piece. An absent vocabulary is ignored. */
-    ChangeOutcome proceed(Change change, int piece, TAVLexiconRef vocabulary,
-                          SyncHears syncHears = SyncHears::Yes);
+    /** Does the steps of one piece. Without a vocabulary only the request for a sync is left of them. */
+    ChangeOutcome proceed(Change change, int piece, TAVLexiconRef vocabulary);
     /** The first piece, for a change that was made elsewhere, as the model books an answer. */
-    ChangeOutcome commit(Change change, TAVLexiconRef vocabulary, SyncHears syncHears = SyncHears::Yes)
+    ChangeOutcome commit(Change change, TAVLexiconRef vocabulary)
     {
-        return proceed(change, 0, std::move(vocabulary), syncHears);
+        return proceed(change, 0, std::move(vocabulary));
     }
+
+    /** An empty word, in memory only until the next save; the user is going to type it. */
+    TAVWordRef beginAddition(TAVLexicon &vocabulary);
 
     // Changes of words, each with its first piece
 
-    ChangeOutcome deleteWords(TAVLexiconRef vocabulary, const TAVWordList &words,
-                              SyncHears syncHears = SyncHears::Yes);
-    ChangeOutcome dropTag(TAVLexiconRef vocabulary, const TAVWordRef &word, const QString &tag,
-                          SyncHears syncHears = SyncHears::Yes);
+    ChangeOutcome deleteWords(TAVLexiconRef vocabulary, const TAVWordList &words);
+    /** Takes back words that were only being typed. */
+    ChangeOutcome cancelAddition(TAVLexiconRef vocabulary, const TAVWordList &words);
+    ChangeOutcome dropTag(TAVLexiconRef vocabulary, const TAVWordRef &word, const QString &tag);
     /** With the save before and the one behind; the first to fail ends it. */
-    ChangeOutcome removeDuplicates(TAVLexiconRef vocabulary, SyncHears syncHears = SyncHears::Yes);
+    ChangeOutcome removeDuplicates(TAVLexiconRef vocabulary);
     /** Puts words back that had been removed, as they were; see TAVLexicon::restoreWords(). */
-    ChangeOutcome restoreWords(TAVLexiconRef vocabulary, const TAVWordList &words,
-                               SyncHears syncHears = SyncHears::Yes);
+    ChangeOutcome restoreWords(TAVLexiconRef vocabulary, const TAVWordList &words);
 
 private:
     TAVLexiconRef m_vocabulary;

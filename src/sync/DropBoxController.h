@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/TAVLexicon.h"
+#include "platform/SharedObject.h"
 
 class QWidget;
 
@@ -25,9 +26,12 @@ public:
     virtual ~DropBoxController() = default;
 
     /** Never null; an idle one as long as none is registered. */
-    static DropBoxController *sharedManager();
+    static DropBoxController *sharedManager() { return platform::SharedObject<DropBoxController>::get(); }
     /** Not owned; null brings the idle one back. */
-    static void setSharedManager(DropBoxController *manager);
+    static void setSharedManager(DropBoxController *manager)
+    {
+        platform::SharedObject<DropBoxController>::registerObject(manager);
+    }
 
     /** The vocabulary's file is to be written to the shared folder at the next sync. */
     virtual void markFileAsNeedsSync(const TAVLexicon &vocabulary) { Q_UNUSED(vocabulary) }

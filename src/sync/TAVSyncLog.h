@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/TAVLexicon.h"
+#include "platform/SharedObject.h"
 
 #include <optional>
 
@@ -11,9 +12,9 @@ public:
     virtual ~TAVSyncLog() = default;
 
     /** Never null. */
-    static TAVSyncLog *sharedManager();
+    static TAVSyncLog *sharedManager() { return platform::SharedObject<TAVSyncLog>::get(); }
     /** Not owned; null brings the empty one back. */
-    static void setSharedManager(TAVSyncLog *log);
+    static void setSharedManager(TAVSyncLog *log) { platform::SharedObject<TAVSyncLog>::registerObject(log); }
 
     /** Writes the log to disk and empties it. */
     virtual void saveLogAndClear() {}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/SharedObject.h"
+
 #include <QString>
 #include <QVariantMap>
 
@@ -10,9 +12,12 @@ public:
     virtual ~KeenClient() = default;
 
     /** Never null. */
-    static KeenClient *sharedClient();
+    static KeenClient *sharedClient() { return platform::SharedObject<KeenClient>::get(); }
     /** Not owned; null brings the silent one back. */
-    static void setSharedClient(KeenClient *client);
+    static void setSharedClient(KeenClient *client)
+    {
+        platform::SharedObject<KeenClient>::registerObject(client);
+    }
 
     virtual void disableGeoLocation() {}
     virtual void setKeys(const QString &projectId, const QString &writeKey, const QString &readKey)

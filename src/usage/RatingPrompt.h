@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/SharedObject.h"
+
 #include <QtGlobal>
 
 /** Asks for a rating when the program was used long and often enough. This base never asks. */
@@ -18,9 +20,12 @@ public:
     virtual ~RatingPrompt() = default;
 
     /** Never null. */
-    static RatingPrompt *shared();
+    static RatingPrompt *shared() { return platform::SharedObject<RatingPrompt>::get(); }
     /** Not owned; null brings the silent one back. */
-    static void setShared(RatingPrompt *prompt);
+    static void setShared(RatingPrompt *prompt)
+    {
+        platform::SharedObject<RatingPrompt>::registerObject(prompt);
+    }
 
     virtual void configure(const Thresholds &thresholds) { Q_UNUSED(thresholds) }
     virtual void logEvent(int count) { Q_UNUSED(count) }

@@ -1,65 +1,88 @@
 #include "views/TAVLexiconController.h"
 
-#include "model/WordSorting.h"
-#include "platform/DiagnosticLog.h"
+#include "document/VocabularyDocument.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
 #include "storage/TAVStorageManager.h"
 #include "sync/DropBoxController.h"
 #include "sync/TAVSyncLog.h"
-#include "ui_VocabularyView.h"
+#include "views/MemoryLevelButton.h"
+#include "views/VocabularyView.h"
+#include "views/WordTable.h"
 #include "views/editor/TAVWordPopoverController.h"
 
-#include <QHeaderView>
-#include <QScrollBar>
-#include <QSet>
-
-#include <cmath>
-
+using namespace std::chrono_literals;
 using platform::localized;
 
-namespace {
-
-WordOrder orderOfColumn(int column)
+TAVLexiconController::TAVLexiconController(VocabularyDocument &document)
+    : m_document(document)
+    , m_view(new VocabularyView)
+    , m_table(std::make_unique<WordTable>(
+          m_view->table(), document,
+          WordTable::Owner{[this] { return query(); },
+                           [this](int row, const QString &text) { return acceptDrop(row, text); }}))
+    , m_wordEditor(std::make_unique<TAVWordPopoverController>(m_view, document))
+    , m_newWord(std::make_unique<NewWordEntry>(document, *m_wordEditor))
+    , m_updates([this] { showEverything(); })
+    , m_textInputSourceBackup(platform::services().inputSources->currentKeyboardLayoutInputSource())
 {
-    switch (column) {
-    case WordTableModel::YourWord:
-        return WordOrder::YourLang;
-    case WordTableModel::ForeignWord:
-        return WordOrder::ForeignLang;
-    case WordTableModel::Comment:
-        return WordOrder::Comment;
-    case WordTableModel::Tags:
-        return WordOrder::Tags;
-    default:
-        return WordOrder::LastAsked;
-    }
+    m_wordEditor->setQuizSelectedAction([this] { emit quizSelectedRequested(); });
+    connectView();
+    const TAVLexiconRef present = vocabulary();
+    m_view->statusLine().showUnknownWords(present ? present->level0Words().size() : 0,
+                                          present ? present->countAllWords() : 0);
 }
 
-} // namespace
-
-TAVLexiconController::UpdateHold::UpdateHold(TAVLexiconController &controller)
-    : m_controller(controller)
+TAVLexiconController::~TAVLexiconController()
 {
-    ++m_controller.m_updateHolds;
-}
-
-TAVLexiconController::UpdateHold::~UpdateHold()
-{
-    if (--m_controller.m_updateHolds > 0 || !m_controller.m_isUpdateWanted)
+    // The editor's panel belongs to the view's window, and the table reads from this object.
+    m_wordEditor.reset();
+    if (!m_view)
         return;
-    m_controller.m_isUpdateWanted = false;
-    m_controller.updateEntireView();
+    m_view->tagCloud()->setDelegate(nullptr);
+    delete m_view;
+}
+
+void TAVLexiconController::connectView()
+{
+    connect(&m_view->levelBar(), &LevelBar::clicked, this, &TAVLexiconController::selectMemoryView);
+    connect(m_view, &VocabularyView::searchTermChanged, this, &TAVLexiconController::search);
+    connect(m_view, &VocabularyView::searchEnded, this, [this] {
+        m_table->setFocus();
+        m_table->putCursorNear(0);
+    });
+    connect(m_view, &VocabularyView::addWordChosen, this, &TAVLexiconController::showAddWordPanel);
+    connect(m_view, &VocabularyView::allWordsChosen, this, &TAVLexiconController::setDisplaySynonyms);
+    connect(m_view, &VocabularyView::selectAllTagsChosen, this, &TAVLexiconController::selectAllTags);
+    connect(m_view, &VocabularyView::deselectAllTagsChosen, this, &TAVLexiconController::deselectAllTags);
+    connect(m_view, &VocabularyView::toggleStatusChosen, this, &TAVLexiconController::toggleStatusView);
+    // A panel beside a row must not stand over another page.
+    connect(m_view, &VocabularyView::left, this, [this] { m_wordEditor->hidePanel(); });
+    m_view->tagCloud()->setDelegate(this);
+    connect(m_table.get(), &WordTable::selectionChanged, this,
+            &TAVLexiconController::tableViewSelectionDidChange);
+    connect(m_table.get(), &WordTable::openPressed, this, &TAVLexiconController::tableViewSelectionDidChange);
+    connect(m_table.get(), &WordTable::deletePressed, this, &TAVLexiconController::deleteSelectedWords);
+    connect(m_table.get(), &WordTable::escapePressed, this, [this] {
+        if (m_wordEditor->isPanelVisible())
+            m_wordEditor->closeWordPanel(nullptr);
+    });
+}
+
+QWidget *TAVLexiconController::view() const
+{
+    return m_view;
+}
+
+TAVLexiconRef TAVLexiconController::vocabulary() const
+{
+    return m_document.vocabulary();
 }
 
 void TAVLexiconController::setVocabulary(const TAVLexiconRef &vocabulary)
 {
-    const auto nameOf = [](const TAVLexiconRef &lexicon) {
-        return lexicon ? TAVStorageManager::displayNameForVocabulary(*lexicon) : QString();
-    };
-    if (nameOf(vocabulary) != nameOf(m_vocabulary))
-        m_deletions.clear();
-    m_vocabulary = vocabulary;
+    m_document.setVocabulary(vocabulary);
+    m_deletions.follow(vocabulary ? TAVStorageManager::displayNameForVocabulary(*vocabulary) : QString());
     if (m_wordEditor->isActive())
         m_wordEditor->updateVocabulary(vocabulary);
     else
@@ -68,10 +91,10 @@ void TAVLexiconController::setVocabulary(const TAVLexiconRef &vocabulary)
 
 void TAVLexiconController::reloadVocabularyFromDisk()
 {
-    if (!m_vocabulary)
+    if (!vocabulary())
         return;
     const TAVLexiconRef loaded =
-        TAVStorageManager::vocabularyFromFile(TAVStorageManager::savePathForVocabulary(*m_vocabulary));
+        TAVStorageManager::vocabularyFromFile(TAVStorageManager::savePathForVocabulary(*vocabulary()));
     // A file that has become unreadable must not take the words off the screen.
     if (loaded)
         setVocabulary(loaded);
@@ -81,206 +104,348 @@ void TAVLexiconController::showVocabulary()
 {
     m_dropboxController = DropBoxController::sharedManager();
     updateEntireView();
-    const bool isEnabled = m_dropboxController->isEnabled();
-    m_ui->toggleStatusButton->setVisible(isEnabled);
-    m_ui->statusTabView->setCurrentIndex(isEnabled ? m_ui->statusTabView->count() - 1 : 0);
+    m_view->statusLine().setSyncEnabled(m_dropboxController->isEnabled());
 }
 
-void TAVLexiconController::updateEntireView()
+// What is shown
+
+void TAVLexiconController::showEverything()
 {
-    if (m_updateHolds > 0) {
-        m_isUpdateWanted = true;
+    const TAVLexiconRef shown = vocabulary();
+    if (!shown)
         return;
-    }
-    if (!m_vocabulary)
-        return;
-    m_model->setColumnTitle(WordTableModel::YourWord, m_vocabulary->yourLanguageName());
-    m_model->setColumnTitle(WordTableModel::ForeignWord, m_vocabulary->foreignLanguageName());
-    m_ui->tagCloud->setTokens(m_vocabulary->allTags());
-    m_ui->vocabularyTable->clearSelection();
-    m_model->reload([this] { m_needsToRecalculateDisplayedWords = true; });
+    m_table->setLanguages(*shown);
+    m_view->tagCloud()->setTokens(shown->allTags());
+    m_table->reload();
     updateStatusText();
-    updateLevelCounts();
+    m_view->levelBar().showCounts(*shown);
     chooseOverlay();
 }
 
-const TAVWordList &TAVLexiconController::currentWordsToShow()
+WordListQuery TAVLexiconController::query() const
 {
-    if (m_needsToRecalculateDisplayedWords) {
-        m_needsToRecalculateDisplayedWords = false;
-        m_listedVocabulary = m_vocabulary;
-        m_currentWordsToShow = calculateWordsToShow();
-    }
-    return m_currentWordsToShow;
+    return {m_selectedLevel, m_isSynonymsActive, m_view->searchTerm(),
+            m_view->tagCloud()->selectedTokenNames()};
 }
 
-TAVWordList TAVLexiconController::calculateWordsToShow() const
+void TAVLexiconController::chooseOverlay()
 {
-    TAVWordList words;
-    if (m_vocabulary) {
-        if (m_isSynonymsActive)
-            words = m_vocabulary->synonyms().values();
-        else if (m_selectedLevel < TAVLexicon::numberOfLevels)
-            words = m_vocabulary->wordsOfLevel(m_selectedLevel);
-        else
-            words = m_vocabulary->allWords();
-    }
-    if (!searchTerm().isEmpty())
-        words = TAVLexicon::filterWords(words, searchTerm());
-    words = TAVLexicon::filteredWords(words, m_ui->tagCloud->selectedTokenNames(), false);
-    sortWords(words, orderOfColumn(m_lastColumn));
-    return words;
-}
-
-qsizetype TAVLexiconController::calculateWordIndexForRow(qsizetype row)
-{
-    return m_sortDescending ? currentWordsToShow().size() - 1 - row : row;
-}
-
-void TAVLexiconController::didClickTableColumn(int column)
-{
-    if (column == m_lastColumn) {
-        m_model->reorder([this] { m_sortDescending = !m_sortDescending; });
-    } else {
-        sortByOtherColumn(column);
-    }
-    setSortIndicator();
-    const QList<int> rows = m_ui->vocabularyTable->selectedRowList();
-    if (!rows.isEmpty())
-        m_ui->vocabularyTable->scrollTo(m_model->index(rows.first(), WordTableModel::YourWord));
-}
-
-void TAVLexiconController::sortByOtherColumn(int column)
-{
-    m_lastColumn = column;
-    const TAVWordList sorted = calculateWordsToShow();
-    const auto change = [this, &sorted] {
-        m_sortDescending = false;
-        m_currentWordsToShow = sorted;
-        m_listedVocabulary = m_vocabulary;
-    };
-    // A quiz may have moved words to other levels meanwhile; then these are not the same rows in another
-    // order.
-    if (sorted.size() == m_currentWordsToShow.size() && !m_needsToRecalculateDisplayedWords)
-        m_model->reorder(change);
+    HelpOverlays &overlays = m_view->overlays();
+    if (vocabulary()->allWords().isEmpty())
+        overlays.showNoWordsHelp();
+    else if (currentWordsToShow().isEmpty() && m_selectedLevel != 0)
+        overlays.showNoWordsInLevelHelp();
+    else if (currentWordsToShow().isEmpty())
+        overlays.showNoUnknownHelp();
+    else if (!m_view->searchTerm().isEmpty())
+        overlays.showSearchHelp();
     else
-        m_model->reload(change);
-    m_needsToRecalculateDisplayedWords = false;
-    m_model->setHighlightedColumn(column);
+        overlays.closeHelp();
 }
 
-void TAVLexiconController::setSortIndicator()
+void TAVLexiconController::closeHelp()
 {
-    m_ui->vocabularyTable->horizontalHeader()->setSortIndicator(
-        m_lastColumn, m_sortDescending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    m_view->overlays().closeHelp();
+}
+
+void TAVLexiconController::updateStatusText()
+{
+    if (!vocabulary())
+        return;
+    m_view->statusLine().showWords(*vocabulary(), query(), currentWordsToShow().size(),
+                                   m_table->selectedRows().size());
+    m_view->statusLine().showSync(TAVSyncLog::sharedManager()->syncStatusForVocabulary(*vocabulary()));
+}
+
+void TAVLexiconController::toggleStatusView()
+{
+    updateStatusText();
+    if (m_dropboxController && m_dropboxController->isEnabled())
+        m_view->statusLine().turnOver();
+}
+
+void TAVLexiconController::cloudControllerDidSync()
+{
+    updateStatusText();
+    m_view->statusLine().turnToSync();
 }
 
 void TAVLexiconController::selectMemoryView(MemoryLevelButton *sender)
 {
-    const UpdateHold oneUpdate(*this);
+    const UpdateGate::Hold oneUpdate(m_updates);
     m_wordEditor->closeWordPanel(nullptr);
-    if (!m_vocabulary)
+    if (!vocabulary() || !m_document.commit(Change::LevelSwitched, vocabulary()).isSaved)
         return;
-    if (!TAVStorageManager::saveVocabulary(m_vocabulary)) {
-        platform::diagnosticLog(QStringLiteral("VocController > doSync > could not save voc"));
-        return;
-    }
-    syncWithDropbox();
-    if (sender) {
-        if (m_selectedButton)
-            m_selectedButton->setChecked(false);
-        sender->setChecked(true);
-    }
+    if (m_dropboxController)
+        m_document.proceed(Change::LevelSwitched, 1, vocabulary());
+    if (sender)
+        m_view->levelBar().turnOn(sender);
     if (m_isSynonymsActive)
         leaveSynonyms();
-    const LevelRow *chosen = &allWordsRow;
-    for (const LevelRow &row : levelRows) {
-        if (buttonOf(row)->isChecked()) {
-            chosen = &row;
-            break;
-        }
-    }
-    applyLevelRow(*chosen);
+    showLevel();
     updateEntireView();
-    m_ui->statusTabView->setCurrentIndex(0);
+    m_view->statusLine().turnToWords();
 }
 
-void TAVLexiconController::applyLevelRow(const LevelRow &row)
+void TAVLexiconController::showLevel()
 {
     constexpr qsizetype tooManyUnknownWords = 31;
+    const LevelBar::Row &row = m_view->levelBar().rowThatIsOn();
     m_selectedLevel = row.level;
-    m_ui->headingTextField->setText(localized("Vocabulary", row.headingKey));
-    const bool isWarning = row.level == 0 && m_vocabulary->level0Words().size() >= tooManyUnknownWords;
-    setWarningColor(isWarning);
-    m_ui->infoTextField->setText(isWarning ? localized("Vocabulary", "unknownWarningText")
-                                           : localized("Vocabulary", row.infoKey));
-    m_selectedButton = buttonOf(row);
-    if (!searchTerm().isEmpty())
-        m_ui->infoTextField->setText(localized("Vocabulary", "displaySearchResultsInfo").arg(searchTerm()));
-    m_selectedButton->setChecked(true);
-}
-
-void TAVLexiconController::leaveSynonyms()
-{
-    m_ui->synonymsShowAllButton->hide();
-    m_ui->synonymsShowAllButton->setEnabled(false);
-    emit synonymsTitleChanged(localized("Vocabulary", "showSynonyms"));
-    m_isSynonymsActive = false;
+    m_view->setHeading(localized("Vocabulary", row.headingKey));
+    const bool isWarning = row.level == 0 && vocabulary()->level0Words().size() >= tooManyUnknownWords;
+    m_view->setInfo(isWarning ? localized("Vocabulary", "unknownWarningText")
+                              : localized("Vocabulary", row.infoKey),
+                    isWarning);
+    if (!m_view->searchTerm().isEmpty())
+        m_view->setInfo(localized("Vocabulary", "displaySearchResultsInfo").arg(m_view->searchTerm()));
+    m_view->levelBar().select(row);
 }
 
 void TAVLexiconController::search()
 {
-    if (m_isEmptyingSearchField)
-        return;
-    if (!searchTerm().isEmpty()) {
-        m_ui->infoTextField->setText(localized("Vocabulary", "displaySearchResultsInfo").arg(searchTerm()));
-        showSearchHelp();
+    if (!m_view->searchTerm().isEmpty()) {
+        m_view->setInfo(localized("Vocabulary", "displaySearchResultsInfo").arg(m_view->searchTerm()));
+        m_view->overlays().showSearchHelp();
     }
     updateEntireView();
-}
-
-QString TAVLexiconController::searchTerm() const
-{
-    return m_ui->searchField->text();
-}
-
-void TAVLexiconController::emptySearchField()
-{
-    m_isEmptyingSearchField = true;
-    m_ui->searchField->clear();
-    m_isEmptyingSearchField = false;
 }
 
 void TAVLexiconController::focusOnSearchField()
 {
-    m_ui->searchField->setFocus(Qt::ShortcutFocusReason);
-    m_ui->searchField->selectAll();
+    m_view->focusOnSearchField();
 }
 
 void TAVLexiconController::setDisplaySynonyms()
 {
-    if (!m_vocabulary)
+    if (!vocabulary())
         return;
-    const UpdateHold oneUpdate(*this);
+    const UpdateGate::Hold oneUpdate(m_updates);
     const bool wasActive = m_isSynonymsActive;
-    selectMemoryView(m_ui->allWordsButton);
+    selectMemoryView(m_view->levelBar().buttonOf(allLevels));
     if (wasActive) {
         leaveSynonyms();
     } else {
         m_isSynonymsActive = true;
-        m_ui->synonymsShowAllButton->setEnabled(true);
-        m_ui->synonymsShowAllButton->show();
+        m_view->setSynonymsShown(true);
         m_selectedLevel = allLevels;
         emit synonymsTitleChanged(localized("Vocabulary", "showAllWords"));
-        m_ui->headingTextField->setText(localized("Vocabulary", "displaySynonymsHeader"));
-        m_ui->infoTextField->setText(localized("Vocabulary", "displaySynonymsInfo"));
+        m_view->setHeading(localized("Vocabulary", "displaySynonymsHeader"));
+        m_view->setInfo(localized("Vocabulary", "displaySynonymsInfo"));
     }
     updateEntireView();
 }
 
+void TAVLexiconController::leaveSynonyms()
+{
+    m_view->setSynonymsShown(false);
+    emit synonymsTitleChanged(localized("Vocabulary", "showSynonyms"));
+    m_isSynonymsActive = false;
+}
+
+void TAVLexiconController::selectAllTags()
+{
+    if (!vocabulary())
+        return;
+    m_view->tagCloud()->setSelectedTokenNames(vocabulary()->allTags());
+    updateEntireView();
+}
+
+void TAVLexiconController::deselectAllTags()
+{
+    m_view->tagCloud()->setSelectedTokenNames({});
+    updateEntireView();
+}
+
+void TAVLexiconController::tokenCloudDidClickToken(M3TokenCloud *, const QString &, bool)
+{
+    updateEntireView();
+}
+
+void TAVLexiconController::tokenCloudDidChangePreferredHeight(M3TokenCloud *, double height)
+{
+    m_view->growTagCloud(height);
+}
+
+const TAVWordList &TAVLexiconController::currentWordsToShow()
+{
+    return m_table->currentWordsToShow();
+}
+
+qsizetype TAVLexiconController::calculateWordIndexForRow(qsizetype row)
+{
+    return m_table->calculateWordIndexForRow(row);
+}
+
+void TAVLexiconController::didClickTableColumn(int column)
+{
+    m_table->didClickTableColumn(column);
+}
+
+bool TAVLexiconController::sortDescending() const
+{
+    return m_table->isDescending();
+}
+
+void TAVLexiconController::rememberTableLayout()
+{
+    m_table->rememberLayout();
+}
+
+// What is selected
+
+TAVWordList TAVLexiconController::getSelectedWordsArray()
+{
+    return m_table->selectedWords();
+}
+
+void TAVLexiconController::deselectWords()
+{
+    m_wordEditor->closeWordPanel(nullptr);
+    m_table->clearSelection();
+}
+
+void TAVLexiconController::tableViewSelectionDidChange()
+{
+    const QList<int> rows = m_table->selectedRows();
+    if (rows.isEmpty()) {
+        m_selectedWord.reset();
+        updateStatusText();
+        return;
+    }
+    if (adoptReplacedVocabulary() || giveUpNewWord())
+        return;
+    m_selectedWord = m_table->presentWordAtRow(rows.first());
+    updateStatusText();
+    m_wordEditor->showEditWindowForWords(getSelectedWordsArray(), vocabulary(), this);
+    m_wordEditor->showBeside(m_table->viewport(), m_table->cellOfSelection());
+}
+
+bool TAVLexiconController::adoptReplacedVocabulary()
+{
+    if (!m_table->isOutlived())
+        return false;
+    const TAVWordList chosen = getSelectedWordsArray();
+    updateEntireView();
+    m_table->selectOnly(chosen);
+    return true;
+}
+
+bool TAVLexiconController::giveUpNewWord()
+{
+    TAVWordList chosen = getSelectedWordsArray();
+    const TAVWordRef givenUp = m_newWord->giveUpFor(chosen, vocabulary());
+    if (!givenUp)
+        return false;
+    updateEntireView();
+    chosen.removeAll(givenUp);
+    m_table->selectOnly(chosen);
+    return true;
+}
+
+// What is changed
+
+void TAVLexiconController::showAddWordPanel()
+{
+    if (!vocabulary())
+        return;
+    TAVWordRef word;
+    {
+        const UpdateGate::Hold oneUpdate(m_updates);
+        deselectAllTags();
+        m_view->emptySearchField();
+        selectMemoryView(m_view->levelBar().buttonOf(0));
+        word = m_newWord->begin(*vocabulary());
+        updateEntireView();
+    }
+    // The place in the list is the row, also while the table shows the list from its end.
+    const int row = int(currentWordsToShow().indexOf(word));
+    m_newWord->open(word, [this, row] { m_table->selectOnlyRow(row); });
+}
+
+void TAVLexiconController::wordPopoverDidAddWords(const TAVWordList &, bool shallAddMore)
+{
+    updateEntireView();
+    m_wordEditor->hidePanel();
+    m_document.proceed(Change::WordsAdded, 1, vocabulary());
+    if (!shallAddMore) {
+        m_document.proceed(Change::WordsAdded, 2, vocabulary());
+        return;
+    }
+    platform::clock().callAfter(500ms, this, [this] {
+        // On another page, nobody would type into the empty word, and it would be saved.
+        if (m_view->isVisible())
+            showAddWordPanel();
+        else
+            m_document.proceed(Change::WordsAdded, 2, vocabulary());
+    });
+}
+
+void TAVLexiconController::wordPopoverDidEditWords(const TAVWordList &)
+{
+    updateEntireView();
+    m_wordEditor->hidePanel();
+    m_document.proceed(Change::WordsEdited, 1, vocabulary());
+}
+
+void TAVLexiconController::wordPopoverDidDeleteWords(const TAVWordList &words)
+{
+    m_deletions.remember(words);
+    const QList<int> rows = m_table->selectedRows();
+    m_wordEditor->hidePanel();
+    m_document.proceed(Change::WordsDeleted, 1, vocabulary());
+    updateEntireView();
+    m_document.proceed(Change::WordsDeleted, 2, vocabulary());
+    if (!rows.isEmpty())
+        m_table->putCursorNear(rows.first());
+}
+
+void TAVLexiconController::wordPopoverDidCancelAddingWords(const TAVWordList &words)
+{
+    m_document.cancelAddition(vocabulary(), words);
+    updateEntireView();
+    m_wordEditor->hidePanel();
+    m_document.proceed(Change::AdditionCancelled, 1, vocabulary());
+}
+
+void TAVLexiconController::wordPopoverDidCancelEditWords(const TAVWordList &)
+{
+    m_wordEditor->hidePanel();
+}
+
+void TAVLexiconController::wordPopoverDidMoveSelection(int direction)
+{
+    const QList<int> rows = m_table->selectedRows();
+    if (!rows.isEmpty())
+        m_table->selectOnlyRow(direction < 0 ? rows.first() - 1 : rows.last() + 1);
+}
+
+void TAVLexiconController::deleteSelectedWords()
+{
+    const TAVWordList words = getSelectedWordsArray();
+    if (words.isEmpty() || !vocabulary())
+        return;
+    if (m_wordEditor->isInAddingMode()) {
+        m_newWord->cancel();
+        return;
+    }
+    if (m_wordEditor->selectedWords() != words)
+        m_wordEditor->showEditWindowForWords(words, vocabulary(), this);
+    m_wordEditor->deleteWord();
+}
+
+void TAVLexiconController::undoDeletion()
+{
+    if (m_deletions.isEmpty() || !vocabulary())
+        return;
+    m_document.restoreWords(vocabulary(), m_deletions.takeLast());
+    updateEntireView();
+    m_document.proceed(Change::Undone, 1, vocabulary());
+}
+
 void TAVLexiconController::deleteDuplicates()
 {
-    if (!m_vocabulary)
+    if (!vocabulary())
         return;
     const int answer = platform::services().alerts->show(
         {localized("Vocabulary", "reallyDeleteDuplicates"),
@@ -288,68 +453,25 @@ void TAVLexiconController::deleteDuplicates()
          {localized("Vocabulary", "cancel"), localized("Vocabulary", "deleteDuplicates")}});
     if (answer != 1)
         return;
-    const auto save = [this] {
-        if (TAVStorageManager::saveVocabulary(m_vocabulary))
-            return true;
-        platform::diagnosticLog(QStringLiteral("VocController > deleteDuplicates > could not save voc"));
-        return false;
-    };
-    if (!save())
+    const ChangeOutcome outcome = m_document.removeDuplicates(vocabulary());
+    m_deletions.remember(outcome.removedWords);
+    if (!outcome.isSaved)
         return;
-    TAVWordList before = m_vocabulary->allWords();
-    const qint64 removed = m_vocabulary->deleteDuplicates();
-    const QSet<TAVWordRef> left(m_vocabulary->allWords().begin(), m_vocabulary->allWords().end());
-    before.removeIf([&left](const TAVWordRef &word) { return left.contains(word); });
-    rememberDeletion(before);
-    if (!save())
-        return;
-    platform::services().alerts->show({localized("Vocabulary", "duplicatesDeleted", nullptr, int(removed)),
-                                       QString(),
-                                       {localized("Vocabulary", "OK")}});
+    platform::services().alerts->show(
+        {localized("Vocabulary", "duplicatesDeleted", nullptr, int(outcome.removedWords.size())),
+         QString(),
+         {localized("Vocabulary", "OK")}});
     if (m_isSynonymsActive)
         setDisplaySynonyms();
     updateEntireView();
-    syncWithDropbox();
+    m_document.proceed(Change::DuplicatesRemoved, 2, vocabulary());
 }
 
-void TAVLexiconController::selectAllTags()
+bool TAVLexiconController::acceptDrop(int row, const QString &text)
 {
-    if (!m_vocabulary)
-        return;
-    m_ui->tagCloud->setSelectedTokenNames(m_vocabulary->allTags());
-    updateEntireView();
-}
-
-void TAVLexiconController::deselectAllTags()
-{
-    m_ui->tagCloud->setSelectedTokenNames({});
-    updateEntireView();
-}
-
-void TAVLexiconController::tokenCloudDidClickToken(M3TokenCloud *cloud, const QString &token, bool enabled)
-{
-    Q_UNUSED(cloud)
-    Q_UNUSED(token)
-    Q_UNUSED(enabled)
-    updateEntireView();
-}
-
-void TAVLexiconController::tokenCloudDidChangePreferredHeight(M3TokenCloud *cloud, double height)
-{
-    const int needed = int(std::ceil(height));
-    if (cloud->height() <= needed)
-        cloud->setMinimumHeight(needed);
-    m_ui->tagScrollArea->verticalScrollBar()->setValue(0);
-}
-
-void TAVLexiconController::markFileAsNeedsSync()
-{
-    if (m_dropboxController && m_vocabulary)
-        m_dropboxController->markFileAsNeedsSync(*m_vocabulary);
-}
-
-void TAVLexiconController::syncWithDropbox()
-{
-    if (m_dropboxController)
-        m_dropboxController->syncWithDropbox();
+    const TAVWordRef word = m_table->presentWordAtRow(row);
+    if (!word || !vocabulary())
+        return false;
+    m_document.dropTag(vocabulary(), word, text);
+    return true;
 }

@@ -3,92 +3,132 @@
 #include "DeployerValues.h"
 #include "app/ground/AppGround.h"
 #include "app/ground/SettingsKeys.h"
-#include "app/ground/TAVFile.h"
+#include "document/VocabularyDocument.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
-#include "storage/LanguageName.h"
 #include "storage/TAVStorageManager.h"
+#include "usage/Consent.h"
+#include "usage/KeenClient.h"
 #include "views/FirstStartPage.h"
+#include "views/LanguageMenu.h"
 #include "views/MainMenu.h"
+#include "views/MainPages.h"
 #include "views/MainToolbar.h"
 #include "views/TAVHelpController.h"
 #include "views/TAVLexiconController.h"
 #include "views/TAVUpdateController.h"
+#include "views/WindowSize.h"
+#include "widgets/Icons.h"
 
 #include <QComboBox>
-#include <QFile>
-#include <QLabel>
-#include <QStackedWidget>
+#include <QEvent>
+#include <QFileInfo>
 #include <QUrl>
-
-#include <algorithm>
 
 using namespace std::chrono_literals;
 using platform::localized;
 
 namespace {
 
-using LanguageList = QList<std::shared_ptr<TAVFile>>;
+/** Who hears of another language, and of the end of a sync, in this order; the others ask when they open. */
+constexpr MainTab toldOfLanguage[] = {MainTab::Vocabulary, MainTab::Quizlet, MainTab::Statistics};
+constexpr MainTab toldOfSync[] = {MainTab::Vocabulary, MainTab::Settings, MainTab::Quiz};
 
-LanguageList languagesFromYoungToOld()
+/** Seconds since 1970; a date that can't be had counts as 0. */
+double secondsOf(const QDateTime &date)
 {
-    LanguageList languages = AppGround::loadAllAvailableLanguages();
-    std::stable_sort(languages.begin(), languages.end(),
-                     [](const auto &a, const auto &b) { return a->compareModDatesFromYoungToOld(*b) < 0; });
-    return languages;
-}
-
-QString trimmedOrUnknown(const QString &name)
-{
-    const QString trimmed = name.trimmed();
-    return trimmed.isEmpty() ? QStringLiteral("Unknown") : trimmed;
+    return date.isValid() ? double(date.toMSecsSinceEpoch()) / 1000 : 0.0;
 }
 
 } // namespace
 
-void TAVMainWindowController::awakeFromNib()
+TAVMainWindowController::TAVMainWindowController(VocabularyDocument &document)
+    : m_document(document)
+    , m_mainWindow(std::make_unique<QMainWindow>())
+    , m_vocabularyController(std::make_unique<TAVLexiconController>(document))
 {
-    m_dropboxController = DropBoxController::sharedManager();
-    m_dropboxController->setDelegate(this);
-    m_dropboxController->setWindow(m_mainWindow.get());
-    const LanguageList languages = AppGround::loadAllAvailableLanguages();
-    m_toolbar->select(MainTab::FirstStartSetup);
-    if (!languages.isEmpty()) {
-        m_isInFirstSetupMode = false;
-        loadLastLanguage(languages);
-        updateLanguagesPopup();
-        platform::clock().callAfter(500ms, this, [this] {
-            showVocabulary();
-            updateLanguagesPopup();
-        });
-    } else {
-        m_isInFirstSetupMode = true;
-        selectTab(MainTab::FirstStartSetup);
-        m_firstStartPage->prepare(m_dropboxController->isLinked());
-        m_firstStartPage->setFocus();
-        setActionsEnabled(false);
-    }
-    m_updateController = std::make_unique<TAVUpdateController>();
-    m_menu->insertUpdateItem(m_updateController->updateMenuItem());
-    m_toolbar->show();
-    platform::clock().callAfter(5s, this, [this] { doSync(); });
+    m_helpController = std::make_unique<TAVHelpController>(m_vocabularyController->view());
+    buildWindow();
+    m_languages = std::make_unique<LanguageMenu>(m_toolbar->languagesPopUp(), document);
+    m_firstStart = std::make_unique<FirstStart>(m_firstStartPage, document, *this);
+    m_menu = std::make_unique<MainMenu>(*this);
+    connectActions();
 }
 
-void TAVMainWindowController::loadLastLanguage(const LanguageList &languages)
+TAVMainWindowController::~TAVMainWindowController()
 {
-    const QString name = platform::settings().text(settingskeys::lastActiveLanguage);
-    QString path =
-        QStringLiteral("%1/%2.%3")
-            .arg(AppGround::vocabularyFolderPath(), name, QLatin1String(TAVStorageManager::extension));
-    if (!QFile::exists(path))
-        path = languages.first()->filePath();
-    const TAVLexiconRef loaded = TAVStorageManager::vocabularyFromFile(path);
-    if (!loaded)
-        return;
-    m_vocabularyController->setVocabulary(loaded);
-    platform::settings().setValue(settingskeys::lastActiveLanguage,
-                                  TAVStorageManager::displayNameForVocabulary(*loaded));
+    if (m_dropboxController)
+        m_dropboxController->setDelegate(nullptr);
+    m_mainWindow->removeEventFilter(this);
+}
+
+void TAVMainWindowController::buildWindow()
+{
+    QMainWindow *window = m_mainWindow.get();
+    window->setObjectName(QStringLiteral("mainWindow"));
+    window->setWindowTitle(QStringLiteral("Tavimo"));
+    window->setWindowIcon(Icons::application());
+    window->setContextMenuPolicy(Qt::NoContextMenu);
+    window->setUnifiedTitleAndToolBarOnMac(true);
+    m_toolbar = new MainToolbar(window);
+    window->addToolBar(m_toolbar);
+    m_pages = new MainPages(window);
+    m_pages->setPage(MainTab::Vocabulary, m_vocabularyController.get());
+    m_firstStartPage = new FirstStartPage(m_pages);
+    m_pages->setFirstStartPage(m_firstStartPage);
+    window->setCentralWidget(m_pages);
+    window->setMinimumSize(640, 480);
+    WindowSize::restore(*window);
+    window->installEventFilter(this);
+}
+
+void TAVMainWindowController::connectActions()
+{
+    connect(m_toolbar, &MainToolbar::tabChosen, this, &TAVMainWindowController::callTab);
+    connect(m_toolbar, &MainToolbar::addWordChosen, this, &TAVMainWindowController::addNewWord);
+    connect(m_toolbar, &MainToolbar::languageChosen, this, &TAVMainWindowController::selectLanguage);
+    connect(m_vocabularyController.get(), &TAVLexiconController::quizSelectedRequested, this,
+            &TAVMainWindowController::showQuiz);
+    connect(m_firstStartPage, &FirstStartPage::linkRequested, this,
+            &TAVMainWindowController::linkWithDropbox);
+}
+
+void TAVMainWindowController::setPage(MainTab tab, Page *page)
+{
+    m_pages->setPage(tab, page);
+    m_menu->setTabAvailable(tab, page != nullptr);
+}
+
+void TAVMainWindowController::setPreferencesController(PreferencesPage *controller)
+{
+    m_preferencesController = controller ? controller : &m_missingPreferences;
+    setPage(MainTab::Settings, controller);
+}
+
+void TAVMainWindowController::setImporter(Importer *importer)
+{
+    m_importer = importer;
+    m_menu->setImportAvailable(importer != nullptr);
+}
+
+void TAVMainWindowController::setExporterFactory(
+    std::function<std::unique_ptr<Exporter>(TAVExporterDelegate *)> factory)
+{
+    m_makeExporter = std::move(factory);
+    m_menu->setExportAvailable(bool(m_makeExporter));
+}
+
+void TAVMainWindowController::setActionsEnabled(bool enabled)
+{
+    m_toolbar->setActionsEnabled(enabled);
+    m_menu->setActionsEnabled(enabled);
+}
+
+void TAVMainWindowController::setToolbarEnabled(bool enabled)
+{
+    setActionsEnabled(enabled);
+    m_toolbar->languagesPopUp()->setEnabled(enabled);
 }
 
 TAVLexiconRef TAVMainWindowController::vocabulary() const
@@ -102,77 +142,96 @@ QString TAVMainWindowController::currentSavePath() const
     return current ? TAVStorageManager::savePathForVocabulary(*current) : QString();
 }
 
-void TAVMainWindowController::updateLanguagesPopup()
+// Start
+
+void TAVMainWindowController::awakeFromNib()
 {
-    QComboBox *popUp = m_toolbar->languagesPopUp();
-    popUp->clear();
-    for (const auto &language : languagesFromYoungToOld())
-        popUp->addItem(language->fileName());
-    selectCurrentLanguageInPopup();
-    popUp->insertSeparator(popUp->count());
-    popUp->addItem(localized("MainWindow", "Manage Languages..."));
+    m_dropboxController = DropBoxController::sharedManager();
+    m_dropboxController->setDelegate(this);
+    m_dropboxController->setWindow(m_mainWindow.get());
+    const auto languages = AppGround::loadAllAvailableLanguages();
+    m_toolbar->select(MainTab::FirstStartSetup);
+    if (languages.isEmpty()) {
+        selectTab(MainTab::FirstStartSetup);
+        m_firstStart->begin(m_dropboxController->isLinked());
+        setActionsEnabled(false);
+    } else {
+        if (const TAVLexiconRef loaded = LanguageMenu::loadLast(languages)) {
+            m_vocabularyController->setVocabulary(loaded);
+            LanguageMenu::rememberAsLast(*loaded);
+        }
+        updateLanguagesPopup();
+        platform::clock().callAfter(500ms, this, [this] {
+            showVocabulary();
+            updateLanguagesPopup();
+        });
+    }
+    m_updateController = std::make_unique<TAVUpdateController>();
+    m_menu->insertUpdateItem(m_updateController->updateMenuItem());
+    m_toolbar->show();
+    platform::clock().callAfter(5s, this, [this] { doSync(); });
 }
 
-void TAVMainWindowController::selectCurrentLanguageInPopup()
+void TAVMainWindowController::applicationDidFinishLaunching()
 {
-    QComboBox *popUp = m_toolbar->languagesPopUp();
     const TAVLexiconRef current = vocabulary();
-    popUp->setCurrentIndex(current ? popUp->findText(TAVStorageManager::displayNameForVocabulary(*current))
-                                   : -1);
+    if (!isUsageReported() || !current)
+        return;
+    KeenClient::sharedClient()->addEvent({{QStringLiteral("yourLanguage"), current->yourLanguageName()},
+                                          {QStringLiteral("foreignLanguage"), current->foreignLanguageName()},
+                                          {QStringLiteral("noOfWords"), current->countAllWords()}},
+                                         QStringLiteral("languageInfo"));
+    KeenClient::sharedClient()->upload();
+}
+
+void TAVMainWindowController::updateViews()
+{
+    m_vocabularyController->updateEntireView();
+    doSync();
+    if (selectedTab() == MainTab::Quiz)
+        showQuiz();
+}
+
+// Languages
+
+void TAVMainWindowController::updateLanguagesPopup()
+{
+    m_languages->update();
 }
 
 void TAVMainWindowController::selectLanguage()
 {
-    const QString title = m_toolbar->languagesPopUp()->currentText();
-    if (title == localized("MainWindow", "Manage Languages...")) {
-        selectCurrentLanguageInPopup();
+    if (m_languages->isManageEntryChosen()) {
+        m_languages->selectCurrentLanguage();
         showPreferences();
-        if (m_preferencesController)
-            m_preferencesController->showLanguages();
+        m_preferencesController->showLanguages();
         return;
     }
-    const LanguageList languages = languagesFromYoungToOld();
-    const auto chosen = std::find_if(languages.begin(), languages.end(),
-                                     [&title](const auto &file) { return file->fileName() == title; });
-    if (chosen == languages.end()) {
-        platform::diagnosticLog(QStringLiteral("VocController > selectLanguage > file not found"));
+    const TAVLexiconRef loaded = m_languages->loadChosen();
+    if (!loaded)
         return;
-    }
-    const TAVLexiconRef loaded = TAVStorageManager::vocabularyFromFile((*chosen)->filePath());
-    platform::diagnosticLog(QStringLiteral("VocController > selectLanguage > has %1 words")
-                                .arg(loaded ? loaded->countAllWords() : 0));
-    if (!loaded) {
-        const QString problem =
-            QStringLiteral("The selected language '%1' could not be loaded.\nGo to '~/Library/Application "
-                           "Support/Tavimo/Backups' to restore from the last backup copy.")
-                .arg(title);
-        platform::diagnosticLog(QStringLiteral("VocController > selectLanguage: %1").arg(problem));
-        return;
-    }
-    m_vocabularyController->setVocabulary(loaded);
-    if (m_quizletController)
-        m_quizletController->setVocabulary(loaded);
-    if (m_statisticsController)
-        m_statisticsController->setVocabulary(loaded);
+    for (const MainTab tab : toldOfLanguage)
+        m_pages->page(tab).vocabularyChanged(loaded);
     if (selectedTab() == MainTab::Quiz)
         showQuiz();
     else if (selectedTab() == MainTab::Statistics)
         showStatistics();
-    platform::settings().setValue(settingskeys::lastActiveLanguage,
-                                  TAVStorageManager::displayNameForVocabulary(*loaded));
+    LanguageMenu::rememberAsLast(*loaded);
     m_vocabularyController->updateEntireView();
 }
 
+// Tabs
+
 MainTab TAVMainWindowController::selectedTab() const
 {
-    return MainTab(m_mainTabView->currentIndex());
+    return m_pages->selectedTab();
 }
 
 void TAVMainWindowController::selectTab(MainTab tab)
 {
     m_toolbar->select(tab);
     m_helpController->closeHelp();
-    m_mainTabView->setCurrentIndex(int(tab));
+    m_pages->select(tab);
 }
 
 void TAVMainWindowController::callTab(MainTab tab)
@@ -193,12 +252,24 @@ void TAVMainWindowController::callTab(MainTab tab)
     }
 }
 
+void TAVMainWindowController::leaveVocabularyPage()
+{
+    m_vocabularyController->closeAddWordPopover();
+    m_vocabularyController->closeHelp();
+}
+
+void TAVMainWindowController::enterPage(MainTab tab)
+{
+    m_pages->page(tab).enter(vocabulary());
+    platform::clock().callAfter(500ms, this, [this, tab] { m_pages->page(tab).layoutDone(); });
+    selectTab(tab);
+}
+
 void TAVMainWindowController::showVocabulary()
 {
     doSync();
-    m_isInFirstSetupMode = false;
-    m_vocabularyController->showVocabulary();
-    selectTab(MainTab::Vocabulary);
+    m_firstStart->end();
+    enterPage(MainTab::Vocabulary);
     if (!platform::settings().boolean(settingskeys::hasShownVocabularyHelp)) {
         platform::settings().setValue(settingskeys::hasShownVocabularyHelp, true);
         platform::settings().synchronize();
@@ -212,54 +283,36 @@ void TAVMainWindowController::showQuiz()
     platform::diagnosticLog(QStringLiteral("show quiz > vocabulary %1")
                                 .arg(current ? current->foreignLanguageName() : QStringLiteral("(null)")));
     doSync();
-    if (m_quizSetupController)
-        m_quizSetupController->setPreSelectedWords(m_vocabularyController->getSelectedWordsArray());
+    m_pages->page(MainTab::Quiz).willEnter(m_vocabularyController->getSelectedWordsArray());
     m_vocabularyController->closeAddWordPopover();
     m_vocabularyController->deselectWords();
     m_vocabularyController->closeHelp();
-    if (m_quizSetupController) {
-        m_quizSetupController->showQuiz();
-        platform::clock().callAfter(500ms, this, [this] { m_quizSetupController->showQuiz(); });
-    }
-    selectTab(MainTab::Quiz);
-}
-
-void TAVMainWindowController::leaveVocabularyPage()
-{
-    m_vocabularyController->closeAddWordPopover();
-    m_vocabularyController->closeHelp();
+    enterPage(MainTab::Quiz);
 }
 
 void TAVMainWindowController::showQuizlet()
 {
     doSync();
     leaveVocabularyPage();
-    if (m_quizletController)
-        m_quizletController->setVocabulary(vocabulary());
-    selectTab(MainTab::Quizlet);
+    enterPage(MainTab::Quizlet);
 }
 
 void TAVMainWindowController::showStatistics()
 {
     doSync();
     leaveVocabularyPage();
-    if (m_statisticsController) {
-        m_statisticsController->setVocabulary(vocabulary());
-        m_statisticsController->showStatistics();
-    }
-    selectTab(MainTab::Statistics);
+    enterPage(MainTab::Statistics);
 }
 
 void TAVMainWindowController::showPreferences()
 {
     doSync();
     leaveVocabularyPage();
-    if (m_preferencesController) {
-        m_preferencesController->setDelegate(this);
-        m_preferencesController->showPreferences();
-    }
-    selectTab(MainTab::Settings);
+    m_preferencesController->setDelegate(this);
+    enterPage(MainTab::Settings);
 }
+
+// Actions
 
 void TAVMainWindowController::addNewWord()
 {
@@ -305,35 +358,14 @@ void TAVMainWindowController::doSync()
         m_dropboxController->syncWithDropbox();
 }
 
-void TAVMainWindowController::setFirstLanguage()
-{
-    const QString name = m_firstStartPage->languageName();
-    if (!name.isEmpty() && isPossibleLanguageName(name))
-        createFirstLanguageWithName(name);
-}
+// First start
 
-void TAVMainWindowController::createFirstLanguageWithName(const QString &name)
+void TAVMainWindowController::beginWith(const TAVLexiconRef &vocabulary)
 {
-    const auto created = std::make_shared<TAVLexicon>();
-    QString yourName = trimmedOrUnknown(AppGround::selectedLocaleName());
-    // A file name that ends in a closing parenthesis would be taken for a conflicted copy, and deleted.
-    if (yourName.endsWith(QLatin1Char(')')))
-        yourName += QLatin1Char('_');
-    const QString foreignName = trimmedOrUnknown(name);
-    if (yourName.toLower() == foreignName.toLower())
-        yourName = QStringLiteral("My Language");
-    created->setYourLanguageName(yourName);
-    created->setForeignLanguageName(foreignName);
-    created->setNeedsSync(true);
-    m_dropboxController->markFileAsNeedsSync(*created);
-    TAVStorageManager::saveVocabulary(created);
-    m_vocabularyController->setVocabulary(created);
+    m_vocabularyController->setVocabulary(vocabulary);
     m_vocabularyController->updateEntireView();
     updateLanguagesPopup();
     setActionsEnabled(true);
-    m_dropboxController->syncWithDropbox();
-    m_helpController->closeHelp();
-    showVocabulary();
 }
 
 void TAVMainWindowController::linkWithDropbox()
@@ -347,23 +379,80 @@ void TAVMainWindowController::changeSelectedSyncService(int column)
     m_firstStartPage->selectSyncService(column);
 }
 
-void TAVMainWindowController::getStartedAfterSync()
+void TAVMainWindowController::closeHelp()
 {
-    const LanguageList languages = AppGround::loadAllAvailableLanguages();
-    if (languages.isEmpty()) {
-        m_firstStartPage->reset();
-        platform::services().alerts->show({localized("MainWindow", "noLangsOnDB"),
-                                           localized("MainWindow", "noLangsOnDBMsg"),
-                                           {localized("MainWindow", "ok")}});
+    m_helpController->closeHelp();
+}
+
+// Answers
+
+void TAVMainWindowController::dropboxControllerDidFinishSync()
+{
+    if (vocabulary()) {
+        const QDateTime fileDate = QFileInfo(currentSavePath()).lastModified();
+        if (secondsOf(fileDate) != secondsOf(m_vocabularyLastLoadedDate)) {
+            m_vocabularyController->reloadVocabularyFromDisk();
+            // The reload itself may write the file again; its date then differs at the next sync too.
+            m_vocabularyLastLoadedDate = fileDate;
+        }
+    }
+    updateLanguagesPopup();
+    m_firstStartPage->showSynced();
+    for (const MainTab tab : toldOfSync)
+        m_pages->page(tab).syncEnded();
+}
+
+void TAVMainWindowController::dropboxControllerDidLinkSuccessfully()
+{
+    if (isInFirstSetupMode()) {
+        m_firstStartPage->showLinked();
+        doSync();
         return;
     }
-    // A file that can't be read has told so; the page stays for another try.
-    const TAVLexiconRef loaded = TAVStorageManager::vocabularyFromFile(languages.first()->filePath());
-    if (!loaded)
-        return;
-    m_vocabularyController->setVocabulary(loaded);
-    m_vocabularyController->updateEntireView();
+    platform::clock().callAfter(2s, this, [this] { m_preferencesController->showSyncing(); });
+}
+
+void TAVMainWindowController::dropboxControllerFailedToLink()
+{
+    m_preferencesController->showSyncing();
+}
+
+void TAVMainWindowController::preferencesDidChangeVocabularyAtPath(const QString &path)
+{
+    const QString present = currentSavePath();
+    const bool isThere = !present.isEmpty() && QFileInfo::exists(present);
+    const TAVLexiconRef loaded = TAVStorageManager::vocabularyFromFile(isThere ? present : path);
+    if (loaded)
+        m_vocabularyController->setVocabulary(loaded);
     updateLanguagesPopup();
-    setActionsEnabled(true);
+}
+
+void TAVMainWindowController::preferencesDidDeleteVocabularyAtPath(const QString &path)
+{
+    updateLanguagesPopup();
+    if (path.isEmpty() || path != currentSavePath())
+        return;
+    m_languages->selectYoungest();
+    selectLanguage();
+}
+
+void TAVMainWindowController::importDidEnd(Importer *)
+{
+    m_document.commit(Change::WordsImported, vocabulary());
+    updateLanguagesPopup();
     showVocabulary();
+    m_document.proceed(Change::WordsImported, 1, vocabulary());
+}
+
+bool TAVMainWindowController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_mainWindow.get() && event->type() == QEvent::Resize) {
+        for (const MainTabInfo &info : toolbarTabs)
+            m_pages->page(info.tab).windowDidResize();
+    }
+    if (watched == m_mainWindow.get() && event->type() == QEvent::Close) {
+        WindowSize::remember(*m_mainWindow);
+        m_vocabularyController->rememberTableLayout();
+    }
+    return QObject::eventFilter(watched, event);
 }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "quiz/forms/QuizHub.h"
-#include "quizlet/browser/QuizletPage.h"
 #include "storage/exchange/Exchange.h"
 #include "sync/DropBoxController.h"
-#include "views/HubReceivers.h"
+#include "views/FirstStart.h"
 #include "views/MainTab.h"
+#include "views/PreferencesPage.h"
 
 #include <QDateTime>
 #include <QMainWindow>
@@ -14,24 +14,26 @@
 #include <memory>
 
 class FirstStartPage;
+class LanguageMenu;
 class MainMenu;
+class MainPages;
 class MainToolbar;
-class QStackedWidget;
-class TAVFile;
 class TAVHelpController;
 class TAVLexiconController;
 class TAVUpdateController;
+class VocabularyDocument;
 
 /**
- * The hub: owns the one window with its toolbar, tabs and menus, decides what is seen at start, loads and
- * swaps the current language, and answers the sync, the settings, the import and the export. It holds no
- * words: the current vocabulary lives in TAVLexiconController and is read from there each time.
+ * The hub: owns the one window with its toolbar, tabs and menus, decides what is seen at start, swaps the
+ * current language, and answers the sync, the settings, the import and the export. It holds no words: the
+ * current vocabulary is read from TAVLexiconController each time.
  *
  * Main thread only. Everything works with no vocabulary loaded. The composition makes it, hands in the pages
  * that exist, and calls awakeFromNib().
  */
 class TAVMainWindowController : public QObject,
                                 public QuizHub,
+                                public FirstStartHub,
                                 public DropboxControllerDelegate,
                                 public TAVPreferencesDelegate,
                                 public TAVImporterDelegate,
@@ -40,14 +42,15 @@ class TAVMainWindowController : public QObject,
     Q_OBJECT
 
 public:
-    TAVMainWindowController();
+    /** The document must outlive this controller. */
+    explicit TAVMainWindowController(VocabularyDocument &document);
     ~TAVMainWindowController() override;
 
     // What the composition hands in before awakeFromNib(). Not owned; each must outlive this controller's
     // use. Without them the tabs show a calm line and the menu items stay disabled.
-    void setQuizSetupController(QuizPage *controller);
-    void setQuizletController(QuizletPage *controller);
-    void setStatisticsController(StatisticsPage *controller);
+    void setQuizSetupController(Page *controller) { setPage(MainTab::Quiz, controller); }
+    void setQuizletController(Page *controller) { setPage(MainTab::Quizlet, controller); }
+    void setStatisticsController(Page *controller) { setPage(MainTab::Statistics, controller); }
     void setPreferencesController(PreferencesPage *controller);
     void setImporter(Importer *importer);
     /** Makes the exporter at the first export. */
@@ -64,13 +67,13 @@ public:
     TAVLexiconController *vocabularyController() const { return m_vocabularyController.get(); }
     TAVHelpController *helpController() const { return m_helpController.get(); }
     TAVUpdateController *updateController() const { return m_updateController.get(); }
-    bool isInFirstSetupMode() const { return m_isInFirstSetupMode; }
+    bool isInFirstSetupMode() const { return m_firstStart->isOn(); }
     /** Invalid until the end of the first sync. */
     QDateTime vocabularyLastLoadedDate() const { return m_vocabularyLastLoadedDate; }
     MainTab selectedTab() const;
 
     // Actions
-    void showVocabulary();
+    void showVocabulary() override;
     void showQuiz();
     void showQuizlet();
     void showStatistics();
@@ -84,18 +87,22 @@ public:
     void showAbout();
     void visitSupport();
     void goToAppSupportFolder();
-    void setFirstLanguage();
+    void setFirstLanguage() { m_firstStart->setFirstLanguage(); }
     void linkWithDropbox();
     void changeSelectedSyncService(int column);
-    void getStartedAfterSync();
+    void getStartedAfterSync() { m_firstStart->getStartedAfterSync(); }
 
-    void createFirstLanguageWithName(const QString &name);
+    void createFirstLanguageWithName(const QString &name) { m_firstStart->createFirstLanguageWithName(name); }
     void updateLanguagesPopup();
     void doSync();
 
     // QuizHub
-    void disableAllToolbarItems() override;
-    void enableAllToolbarItems() override;
+    void disableAllToolbarItems() override { setToolbarEnabled(false); }
+    void enableAllToolbarItems() override { setToolbarEnabled(true); }
+
+    // FirstStartHub
+    void beginWith(const TAVLexiconRef &vocabulary) override;
+    void closeHelp() override;
 
     // DropboxControllerDelegate
     void dropboxControllerDidFinishSync() override;
@@ -106,11 +113,11 @@ public:
     // TAVPreferencesDelegate
     void preferencesDidChangeVocabularyAtPath(const QString &path) override;
     void preferencesDidDeleteVocabularyAtPath(const QString &path) override;
-    void preferencesDidClose() override;
+    void preferencesDidClose() override { updateLanguagesPopup(); }
 
     // TAVImporterDelegate, TAVExporterDelegate
     void importDidEnd(Importer *importer) override;
-    void exportDidEnd(Exporter *exporter) override { Q_UNUSED(exporter) }
+    void exportDidEnd(Exporter *) override {}
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -118,25 +125,26 @@ protected:
 private:
     void buildWindow();
     void connectActions();
-    QWidget *makeCalmPage(MainTab tab);
-    void setPage(MainTab tab, QWidget *page);
+    void setPage(MainTab tab, Page *page);
+    void setActionsEnabled(bool enabled);
+    void setToolbarEnabled(bool enabled);
     void callTab(MainTab tab);
     /** The common end of all tab switches. */
     void selectTab(MainTab tab);
     void leaveVocabularyPage();
-    void setActionsEnabled(bool enabled);
-    void loadLastLanguage(const QList<std::shared_ptr<TAVFile>> &languages);
-    void selectCurrentLanguageInPopup();
-    void setWindowSizeFromSettings();
-    void rememberWindow();
+    void enterPage(MainTab tab);
     TAVLexiconRef vocabulary() const;
     /** Where the current vocabulary is saved; empty without one. */
     QString currentSavePath() const;
+
+    VocabularyDocument &m_document;
     std::unique_ptr<QMainWindow> m_mainWindow;
-    QStackedWidget *m_mainTabView = nullptr;
+    MainPages *m_pages = nullptr;
     MainToolbar *m_toolbar = nullptr;
     FirstStartPage *m_firstStartPage = nullptr;
     std::unique_ptr<TAVLexiconController> m_vocabularyController;
+    std::unique_ptr<LanguageMenu> m_languages;
+    std::unique_ptr<FirstStart> m_firstStart;
     std::unique_ptr<TAVHelpController> m_helpController;
     std::unique_ptr<TAVUpdateController> m_updateController;
     std::unique_ptr<MainMenu> m_menu;
@@ -144,10 +152,7 @@ private:
     std::function<std::unique_ptr<Exporter>(TAVExporterDelegate *)> m_makeExporter;
     DropBoxController *m_dropboxController = nullptr;
     Importer *m_importer = nullptr;
-    QuizPage *m_quizSetupController = nullptr;
-    QuizletPage *m_quizletController = nullptr;
-    StatisticsPage *m_statisticsController = nullptr;
-    PreferencesPage *m_preferencesController = nullptr;
+    PreferencesPage m_missingPreferences;
+    PreferencesPage *m_preferencesController = &m_missingPreferences;
     QDateTime m_vocabularyLastLoadedDate;
-    bool m_isInFirstSetupMode = false;
 };

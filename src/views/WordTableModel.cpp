@@ -14,8 +14,9 @@ constexpr std::array<QLatin1String, WordTableModel::ColumnCount> identifiers{
     QLatin1String("yourWord"), QLatin1String("foreignWord"), QLatin1String("comment"), QLatin1String("tags"),
     QLatin1String("lastAsked")};
 
-/** A tag's beginnings are all indexed, so that a whole document dropped as a tag would fill the memory. */
-constexpr qsizetype longestDroppedText = 200;
+/** A tag is a few words at most; a whole document, dropped by mistake, would fill the cloud with one button.
+ */
+constexpr qsizetype maxDroppedText = 200;
 
 } // namespace
 
@@ -165,5 +166,5 @@ bool WordTableModel::dropMimeData(const QMimeData *data, Qt::DropAction action, 
     if (!canDropMimeData(data, action, row, column, parent))
         return false;
     const QString text = data->text();
-    return text.size() <= longestDroppedText && m_source.acceptDrop(parent.row(), text);
+    return text.size() <= maxDroppedText && m_source.acceptDrop(parent.row(), text);
 }

@@ -17,8 +17,8 @@
 namespace {
 
 constexpr int heightOfRows = 27;
-constexpr int narrowestColumn = 48;
-constexpr int widestColumn = 4000;
+constexpr int minColumnWidth = 48;
+constexpr int maxColumnWidth = 4000;
 constexpr int fontSize = 13;
 constexpr std::array<int, WordTableModel::ColumnCount> usualWidths{200, 200, 170, 140, 110};
 
@@ -83,7 +83,7 @@ WordTableView::WordTableView(QWidget *parent)
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSortIndicatorShown(true);
-    horizontalHeader()->setMinimumSectionSize(narrowestColumn);
+    horizontalHeader()->setMinimumSectionSize(minColumnWidth);
 }
 
 void WordTableView::setModel(QAbstractItemModel *newModel)
@@ -137,8 +137,8 @@ void WordTableView::restoreColumns(const QString &layout)
         const QString name = part.section(QLatin1Char(':'), 0, 0);
         const int column = WordTableModel::columnForIdentifier(name);
         const int width = part.section(QLatin1Char(':'), 1).toInt();
-        if (WordTableModel::identifier(column) != name || seen.contains(column) || width < narrowestColumn ||
-            width > widestColumn)
+        if (WordTableModel::identifier(column) != name || seen.contains(column) || width < minColumnWidth ||
+            width > maxColumnWidth)
             return;
         seen.insert(column);
         columns.append({column, width});
@@ -204,14 +204,14 @@ void WordTableView::fitColumns()
     const QHeaderView *header = horizontalHeader();
     const int present = header->length();
     const int width = viewport()->width();
-    if (!model() || present <= 0 || width < WordTableModel::ColumnCount * narrowestColumn)
+    if (!model() || present <= 0 || width < WordTableModel::ColumnCount * minColumnWidth)
         return;
     int left = width;
     for (int visual = 0; visual < WordTableModel::ColumnCount; ++visual) {
         const int column = header->logicalIndex(visual);
         const bool isLast = visual == WordTableModel::ColumnCount - 1;
         const int share = int(std::lround(double(columnWidth(column)) * width / present));
-        const int fitted = std::max(isLast ? left : share, narrowestColumn);
+        const int fitted = std::max(isLast ? left : share, minColumnWidth);
         setColumnWidth(column, fitted);
         left -= fitted;
     }

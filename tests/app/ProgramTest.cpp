@@ -1,26 +1,78 @@
-#include "app/Program.h"
+#include "app/Composition.h"
+#include "app/ground/SettingsKeys.h"
+#include "quiz/forms/SegmentControl.h"
+#include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"
+#include "views/TAVLexiconController.h"
+#include "views/WordTableView.h"
 
 namespace {
 
-class CountingSync : public DropBoxController
+/** What the program shares, with what became of it. It goes with the composition. */
+struct Prompt : RatingPrompt
 {
-public:
-    CountingSync() { setSharedManager(this); }
-    ~CountingSync() override { setSharedManager(nullptr); }
+    void configure(const Thresholds &) override
+    {
+        isConfiguredFirst = !QFileInfo::exists(
+            platform::services().folders->applicationSupportDirectories().first() + u"/Tavimo"_qs);
+    }
+    bool isConfiguredFirst = false;
+};
+struct Sync : DropBoxController
+{
     void syncWithDropbox() override { ++syncs; }
+    void setDelegate(DropboxControllerDelegate *receiver) override { delegate = receiver; }
     int syncs = 0;
+    DropboxControllerDelegate *delegate = nullptr;
+};
+struct Usage : KeenClient
+{
+    void addEvent(const QVariantMap &, const QString &collection) override { events.append(collection); }
+    QStringList events;
 };
 
 class ProgramTest : public ServicesTest
 {
 protected:
-    ProgramTest() { program.awakeFromNib(); }
+    ProgramTest()
+    {
+        services.settings.setValue(settingskeys::hasShownVocabularyHelp, true);
+        program.awakeFromNib();
+    }
+    template <typename Type, typename Base> static Type *put(std::unique_ptr<Base> &place)
+    {
+        auto made = std::make_unique<Type>();
+        Type *object = made.get();
+        place = std::move(made);
+        return object;
+    }
+    template <typename Control> Control *control(const char *name)
+    {
+        return findControl<Control>(window(), name);
+    }
     QMainWindow *window() { return program.mainWindowController().mainWindow(); }
+    TAVLexiconController *words() { return program.mainWindowController().vocabularyController(); }
+    /** Italian with three words, as a user makes it. */
+    void makeLanguage()
+    {
+        control<QLineEdit>("firstLanguageField")->setText(u"Italian"_qs);
+        control<QPushButton>("getStartedButton")->click();
+        for (const char *word : {"uno", "due", "tre"})
+            addWord(word);
+        words()->updateEntireView();
+    }
+    void addWord(const char *text)
+    {
+        const QString word = QLatin1String(text);
+        words()->vocabulary()->addWord(std::make_shared<TAVWord>(word, word, QString()));
+    }
 
-    CountingSync sync;
-    AppDelegate delegate;
-    Program program{delegate};
+    SharedObjects shared;
+    Prompt *prompt = put<Prompt>(shared.ratingPrompt);
+    Sync *sync = put<Sync>(shared.sync);
+    Usage *usage = put<Usage>(shared.usage);
+    Composition composition{std::move(shared)};
+    Program &program = composition.makeProgram();
 };
 
 } // namespace
@@ -28,14 +80,61 @@ protected:
 TEST_F(ProgramTest, StartedAgainItBringsItsWindowToTheFrontAndUpToDate)
 {
     window()->showMinimized();
-    sync.syncs = 0;
+    sync->syncs = 0;
     program.reopen("token");
     EXPECT_FALSE(window()->isMinimized());
     EXPECT_TRUE(window()->isVisible());
     EXPECT_EQ(services.desktop.activated, QList<platform::Desktop::Application>{window()->winId()});
     EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token");
-    EXPECT_EQ(sync.syncs, 1);
+    EXPECT_EQ(sync->syncs, 1);
     qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+TEST_F(ProgramTest, WhatIsSharedStandsBeforeItIsAskedFor)
+{
+    EXPECT_TRUE(prompt->isConfiguredFirst) << "before there is any folder";
+    EXPECT_EQ(RatingPrompt::shared(), prompt);
+    EXPECT_EQ(sync->delegate, &program.mainWindowController());
+    services.settings.setValue(settingskeys::isEnableUserStatistics, true);
+    makeLanguage();
+    composition.delegate().applicationDidFinishLaunching({});
+    EXPECT_EQ(usage->events, QStringList{u"languageInfo"_qs});
+}
+
+TEST_F(ProgramTest, EachKindOfQuizCanBeStarted)
+{
+    makeLanguage();
+    auto *view = window()->findChild<QuizView *>();
+    const QuizView::Page pages[] = {QuizView::typingQuizPage, QuizView::flashCardPage,
+                                    QuizView::popupQuizPage};
+    for (int mode = 0; mode < 3; ++mode) {
+        control<QToolButton>("showQuiz")->click();
+        services.clock.advanceSeconds(1);
+        control<SegmentControl>("quizModeSegmentControl")->setSelectedSegment(mode);
+        control<QPushButton>("quizStartQuizButton")->click();
+        services.clock.advanceSeconds(2);
+        EXPECT_EQ(view->currentPage(), pages[mode]);
+    }
+    EXPECT_FALSE(control<QToolButton>("showQuiz")->isEnabled()) << "the popup quiz has reached the window";
+}
+
+TEST_F(ProgramTest, TheQuizPageFollowsTheSelectionAndTheSync)
+{
+    makeLanguage();
+    words()->view()->findChild<WordTableView *>()->selectAll();
+    control<QToolButton>("showQuiz")->click();
+    EXPECT_EQ(program.quizSetup().preSelectedWords().size(), 3);
+    auto *due = control<QLabel>("unknownNoOfDueLabel");
+    EXPECT_EQ(due->text(), u"3 due"_qs);
+    addWord("quattro");
+    services.clock.advanceSeconds(0.5);
+    EXPECT_EQ(due->text(), u"4 due"_qs) << "the page is built a second time";
+
+    addWord("cinque");
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(words()->vocabulary()));
+    program.mainWindowController().dropboxControllerDidFinishSync();
+    EXPECT_EQ(due->text(), u"5 due"_qs);
+    EXPECT_TRUE(program.quizSetup().preSelectedWords().isEmpty());
 }
 
 TEST_F(ProgramTest, OnlyTheMainWindowsCloseEndsTheProgram)

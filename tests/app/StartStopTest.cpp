@@ -1,5 +1,4 @@
 #include "app/AppDelegate.h"
-#include "app/ApplicationMover.h"
 #include "app/ground/SettingsKeys.h"
 #include "support/GuiTest.h"
 #include "sync/DropBoxController.h"
@@ -15,7 +14,6 @@ class Receivers : public DropBoxController,
                   public TAVSyncLog,
                   public KeenClient,
                   public RatingPrompt,
-                  public ApplicationMover,
                   public MainWindowLink
 {
 public:
@@ -25,7 +23,6 @@ public:
         TAVSyncLog::setSharedManager(this);
         KeenClient::setSharedClient(this);
         RatingPrompt::setShared(this);
-        ApplicationMover::setShared(this);
     }
     ~Receivers() override
     {
@@ -33,7 +30,6 @@ public:
         TAVSyncLog::setSharedManager(nullptr);
         KeenClient::setSharedClient(nullptr);
         RatingPrompt::setShared(nullptr);
-        ApplicationMover::setShared(nullptr);
     }
 
     void configure(const Thresholds &thresholds) override
@@ -43,7 +39,6 @@ public:
                          .arg(thresholds.eventsUntilPrompt));
         EXPECT_FALSE(thresholds.promptAtLaunch || thresholds.previewMode);
     }
-    void offerMoveToApplicationsFolder() override { calls.append(u"offer move"_qs); }
     void syncSyncLogToDropbox() override { calls.append(u"sync log"_qs); }
     void syncWithDropbox() override { calls.append(u"sync"_qs); }
     void disableGeoLocation() override { calls.append(u"no location"_qs); }
@@ -64,6 +59,22 @@ public:
 
     QStringList calls;
     QVariantMap globalProperties;
+};
+
+/** The entry object, with the offer at the start written down too. */
+class ListeningDelegate : public AppDelegate
+{
+public:
+    explicit ListeningDelegate(Receivers &receivers)
+        : m_receivers(receivers)
+    {
+    }
+
+protected:
+    void offerMoveToApplicationsFolder() override { m_receivers.calls.append(u"offer move"_qs); }
+
+private:
+    Receivers &m_receivers;
 };
 
 class StartStopTest : public ServicesTest
@@ -87,7 +98,11 @@ TEST_F(StartStopTest, EveryCallComesInItsPlace)
     EXPECT_EQ(newCalls(), QStringList{u"rating 5 10 10"_qs});
 
     const qsizetype loggersBefore = DDLog::allLoggers().size();
-    AppDelegate delegate;
+    {
+        const AppDelegate first;
+    }
+    EXPECT_EQ(DDLog::allLoggers().size(), loggersBefore) << "they go with it";
+    ListeningDelegate delegate(receivers);
     EXPECT_EQ(DDLog::allLoggers().size(), loggersBefore + 2);
     EXPECT_TRUE(QFileInfo::exists(services.directory.filePath(u"Tavimo"_qs)));
 

@@ -1,6 +1,7 @@
 #include "ViewsTest.h"
 
 #include "storage/LanguageName.h"
+#include "usage/KeenClient.h"
 #include "views/TAVHelpController.h"
 #include "views/TAVUpdateController.h"
 #include "views/editor/TAVWordPopoverController.h"
@@ -10,84 +11,23 @@
 
 namespace {
 
-/** Takes down what the main window asks of a page. */
-class RecordingPage : public QuizPage, public StatisticsPage, public PreferencesPage, public QuizletPage
+using MainWindowTest = ViewsTest;
+
+/** Takes down what would be reported. */
+class RecordingUsage : public KeenClient
 {
 public:
-    QWidget *page() override { return new QWidget; }
-    void setPreSelectedWords(const TAVWordList &words) override
+    RecordingUsage() { setSharedClient(this); }
+    ~RecordingUsage() override { setSharedClient(nullptr); }
+    void addEvent(const QVariantMap &event, const QString &collection) override
     {
-        note(QStringLiteral("preselect"), words.size());
+        QStringList parts{collection};
+        for (auto entry = event.begin(); entry != event.end(); ++entry)
+            parts.append(entry.key() + QLatin1Char('=') + entry.value().toString());
+        calls.append(parts.join(QLatin1Char(' ')));
     }
-    void showQuiz() override { calls.append(QStringLiteral("showQuiz")); }
-    void quizListsToAskChanged() override { calls.append(QStringLiteral("recount")); }
-    void setVocabulary(const TAVLexiconRef &vocabulary) override
-    {
-        note(QStringLiteral("vocabulary"), vocabulary ? vocabulary->countAllWords() : -1);
-    }
-    void showStatistics() override { calls.append(QStringLiteral("showStatistics")); }
-    void windowDidResize() override { ++resizes; }
-    void setDelegate(TAVPreferencesDelegate *delegate) override { hasDelegate = delegate != nullptr; }
-    void showPreferences() override { calls.append(QStringLiteral("showPreferences")); }
-    void showLanguages() override { calls.append(QStringLiteral("showLanguages")); }
-    void showSyncing() override { calls.append(QStringLiteral("showSyncing")); }
-    void cloudControllerDidSync() override { calls.append(QStringLiteral("synced")); }
-    QString take() { return std::exchange(calls, {}).join(QLatin1Char(' ')); }
-
+    void upload() override { calls.append(QStringLiteral("upload")); }
     QStringList calls;
-    int resizes = 0;
-    bool hasDelegate = false;
-
-private:
-    void note(const QString &what, qsizetype number)
-    {
-        calls.append(QStringLiteral("%1:%2").arg(what, QString::number(number)));
-    }
-};
-
-class MainWindowTest : public ViewsTest
-{
-protected:
-    void startWithPages(const TAVLexiconRef &vocabulary)
-    {
-        save(vocabulary);
-        hub = std::make_unique<TAVMainWindowController>();
-        hub->setQuizSetupController(&page);
-        hub->setStatisticsController(&page);
-        hub->setPreferencesController(&page);
-        hub->setQuizletController(&page);
-        hub->awakeFromNib();
-        hub->mainWindow()->show();
-        services.clock.advanceSeconds(1);
-        watch();
-    }
-    QStringList languages() const
-    {
-        QStringList names;
-        auto *popUp = control<QComboBox>("languagesPopUp");
-        for (int i = 0; i < popUp->count(); ++i)
-            names.append(popUp->itemText(i));
-        return names;
-    }
-    /** Makes the file older, so that another one is the youngest. */
-    static void age(const QString &path)
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        ASSERT_TRUE(
-            file.setFileTime(QDateTime(QDate(2010, 1, 1), QTime()), QFileDevice::FileModificationTime));
-    }
-    QAction *menuItem(const char *name) const
-    {
-        for (QAction *action : hub->mainWindow()->menuBar()->findChildren<QAction *>()) {
-            if (action->objectName() == QLatin1String(name) && action->menuRole() == QAction::NoRole)
-                return action;
-        }
-        ADD_FAILURE() << "no menu item " << name;
-        return nullptr;
-    }
-
-    RecordingPage page;
 };
 
 TEST_F(MainWindowTest, OpensTheLastLanguageOrTheFirst)
@@ -161,7 +101,10 @@ TEST_F(MainWindowTest, AFirstLanguageIsMadeByItsName)
     field->setText(QStringLiteral("  Italian "));
     EXPECT_TRUE(button->isEnabled());
     EXPECT_FALSE(control<QLabel>("nameHintLabel")->isVisible());
+    recorder.watch(AppGround::vocabularyFolderPath() + QStringLiteral("/Italian - English.tavv"),
+                   table()->model());
     button->click();
+    EXPECT_EQ(recorder.take(), QStringLiteral("mark* save reload reload sync sync reload"));
     EXPECT_FALSE(hub->isInFirstSetupMode());
     EXPECT_EQ(hub->selectedTab(), MainTab::Vocabulary);
     EXPECT_EQ(vocabulary()->foreignLanguageName(), QStringLiteral("Italian"));
@@ -182,7 +125,9 @@ TEST_F(MainWindowTest, TheRoadOfASharedFolder)
     EXPECT_TRUE(link->isEnabled());
     link->click();
     EXPECT_TRUE(recorder.enabled);
+    recorder.take();
     hub->dropboxControllerDidLinkSuccessfully();
+    EXPECT_EQ(recorder.take(), QStringLiteral("sync"));
     EXPECT_FALSE(link->isEnabled());
     EXPECT_TRUE(control<QLabel>("firstSyncCheckMark2")->isVisible());
     EXPECT_TRUE(control<QWidget>("firstSyncProgress")->isVisible());
@@ -195,147 +140,59 @@ TEST_F(MainWindowTest, TheRoadOfASharedFolder)
 
     save(makeItalian());
     hub->dropboxControllerDidFinishSync();
+    EXPECT_FALSE(control<QToolButton>("showQuiz")->isEnabled());
     begin->click();
     EXPECT_EQ(vocabulary()->countAllWords(), 3);
     EXPECT_EQ(hub->selectedTab(), MainTab::Vocabulary);
+    EXPECT_TRUE(control<QToolButton>("showQuiz")->isEnabled());
+    hub.reset();
+
+    ASSERT_TRUE(QDir(AppGround::vocabularyFolderPath()).removeRecursively());
+    recorder.linked = true;
+    start();
+    EXPECT_FALSE(control<QPushButton>("firstSyncLinkDBButton")->isEnabled()) << "there is nothing to link";
+    EXPECT_TRUE(control<QLabel>("firstSyncCheckMark2")->isVisible());
+    EXPECT_TRUE(control<QWidget>("firstSyncProgress")->isVisible());
 }
 
-TEST_F(MainWindowTest, OnlyAChoiceByTheUserSwitchesTheLanguage)
+TEST_F(MainWindowTest, OnlyWithConsentTheLanguageIsReported)
 {
-    age(save(makeLanguage("Latin")));
-    startWithPages(makeItalian());
-    chooseLanguage(QStringLiteral("Italian - English"));
-    page.take();
-    auto *popUp = control<QComboBox>("languagesPopUp");
-    popUp->setCurrentIndex(popUp->findText(QStringLiteral("Latin - English")));
-    hub->updateLanguagesPopup();
-    QWheelEvent wheel(QPointF(5, 5), popUp->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(popUp, &wheel);
-    EXPECT_EQ(vocabulary()->foreignLanguageName(), QStringLiteral("Italian"));
-    EXPECT_EQ(languages(),
-              (QStringList{QStringLiteral("Italian - English"), QStringLiteral("Latin - English"), QString(),
-                           QStringLiteral("Manage Languages…")}));
-
-    hub->showQuiz();
-    page.take();
-    chooseLanguage(QStringLiteral("Latin - English"));
-    EXPECT_EQ(page.take(), QStringLiteral("vocabulary:0 vocabulary:0 preselect:0 showQuiz"));
-    EXPECT_EQ(services.settings.text(settingskeys::lastActiveLanguage), QStringLiteral("Latin - English"));
-    EXPECT_EQ(languages().first(), QStringLiteral("Italian - English"))
-        << "the menu isn't rebuilt by the choice";
-
-    services.clock.advanceSeconds(1);
-    page.take();
-    chooseLanguage(QStringLiteral("Manage Languages…"));
-    EXPECT_EQ(popUp->currentText(), QStringLiteral("Latin - English"));
-    EXPECT_EQ(page.take(), QStringLiteral("showPreferences showLanguages"));
-    EXPECT_EQ(hub->selectedTab(), MainTab::Settings);
-
-    ASSERT_TRUE(QFile::remove(TAVStorageManager::savePathForVocabulary(*makeItalian())));
-    chooseLanguage(QStringLiteral("Italian - English"));
-    EXPECT_TRUE(
-        services.diagnosticLines.contains(QStringLiteral("VocController > selectLanguage > file not found")));
-    EXPECT_EQ(vocabulary()->foreignLanguageName(), QStringLiteral("Latin"));
+    RecordingUsage usage;
+    start();
+    services.settings.setValue(settingskeys::isEnableUserStatistics, true);
+    hub->applicationDidFinishLaunching();
+    EXPECT_TRUE(usage.calls.isEmpty()) << "there is no language yet";
+    save(makeItalian());
+    start();
+    for (const bool isEnabled : {false, true}) {
+        for (const bool isDisabled : {true, false}) {
+            services.settings.setValue(settingskeys::isEnableUserStatistics, isEnabled);
+            services.settings.setValue(settingskeys::isDisableUserStatistics, isDisabled);
+            usage.calls.clear();
+            hub->applicationDidFinishLaunching();
+            EXPECT_EQ(usage.calls.isEmpty(), !isEnabled || isDisabled) << isEnabled << isDisabled;
+        }
+    }
+    EXPECT_EQ(usage.calls, QStringList({QStringLiteral("languageInfo foreignLanguage=Italian noOfWords=3 "
+                                                       "yourLanguage=English"),
+                                        QStringLiteral("upload")}));
 }
 
-TEST_F(MainWindowTest, TabsTellTheirPagesWhatTheyNeed)
+TEST_F(MainWindowTest, TheWindowComesBackInItsSize)
 {
-    startWithPages(makeItalian());
-    page.take();
-    recorder.take();
-    table()->selectAll();
-    click("showQuiz");
-    EXPECT_EQ(page.take(), QStringLiteral("preselect:3 showQuiz"));
-    EXPECT_EQ(recorder.take(), QStringLiteral("sync"));
-    EXPECT_TRUE(words()->getSelectedWordsArray().isEmpty());
-    services.clock.advanceSeconds(0.5);
-    EXPECT_EQ(page.take(), QStringLiteral("showQuiz"));
-    click("showQuizlet");
-    click("showStatistics");
-    click("showPreferences");
-    EXPECT_EQ(page.take(), QStringLiteral("vocabulary:3 vocabulary:3 showStatistics showPreferences"));
-    EXPECT_TRUE(page.hasDelegate);
-    EXPECT_EQ(recorder.take(), QStringLiteral("sync sync sync"));
-
-    words()->showAddWordPanel();
-    click("showStatistics");
-    EXPECT_EQ(vocabulary()->countAllWords(), 3) << "an unfinished word doesn't outlive its page";
-    EXPECT_FALSE(words()->wordEditor()->isPanelVisible());
-
-    // "Add and next" opens the next word half a second later, but not for one who has gone on.
-    click("showVocabulary");
-    words()->showAddWordPanel();
-    findControl<QLineEdit>(hub->mainWindow(), "foreignWordTextField")->setText(QStringLiteral("pane"));
-    findControl<QPushButton>(hub->mainWindow(), "okButton")->click();
-    click("showStatistics");
-    services.clock.advanceSeconds(1);
-    EXPECT_EQ(vocabulary()->countAllWords(), 4);
-    EXPECT_FALSE(words()->wordEditor()->isPanelVisible());
-
-    const int resizes = page.resizes;
-    hub->mainWindow()->resize(900, 650);
-    processEvents();
-    EXPECT_GT(page.resizes, resizes);
-
-    hub->disableAllToolbarItems();
-    page.take();
-    QTest::keyClick(hub->mainWindow(), Qt::Key_2, Qt::ControlModifier);
-    click("showQuiz");
-    EXPECT_EQ(page.take(), QString());
-    EXPECT_FALSE(control<QComboBox>("languagesPopUp")->isEnabled());
-    hub->enableAllToolbarItems();
-    QTest::keyClick(hub->mainWindow(), Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(page.take(), QStringLiteral("preselect:0 showQuiz"));
-}
-
-TEST_F(MainWindowTest, ASyncReloadsAFileThatHasChanged)
-{
-    startWithPages(makeItalian());
-    page.take();
-    recorder.watch({}, table()->model()); // it would set the file's date back
-    TAVLexiconRef before = vocabulary();
-    hub->dropboxControllerDidFinishSync();
-    EXPECT_NE(vocabulary(), before) << "the first sync always reloads";
-    EXPECT_EQ(page.take(), QStringLiteral("synced recount"));
-
-    before = vocabulary();
-    hub->dropboxControllerDidFinishSync();
-    EXPECT_NE(vocabulary(), before) << "the reload has saved, so the next sync reloads again";
-
-    // With the editor open nothing is saved, and the date stays in step.
-    table()->selectOnlyRow(0);
-    hub->dropboxControllerDidFinishSync();
-    before = vocabulary();
-    hub->dropboxControllerDidFinishSync();
-    EXPECT_EQ(vocabulary(), before);
-
-    hub->dropboxControllerDidLinkSuccessfully();
-    EXPECT_EQ(page.take(), QStringLiteral("synced recount synced recount synced recount"));
-    services.clock.advanceSeconds(2);
-    EXPECT_EQ(page.take(), QStringLiteral("showSyncing"));
-}
-
-TEST_F(MainWindowTest, ChangedAndDeletedLanguagesAreFollowed)
-{
-    const QString latin = save(makeLanguage("Latin"));
-    age(latin);
-    startWithPages(makeItalian());
-    chooseLanguage(QStringLiteral("Italian - English"));
-    const QString italian = TAVStorageManager::savePathForVocabulary(*vocabulary());
-    hub->preferencesDidDeleteVocabularyAtPath(latin);
-    EXPECT_EQ(vocabulary()->foreignLanguageName(), QStringLiteral("Italian"));
-
-    ASSERT_TRUE(QFile::remove(italian));
-    hub->preferencesDidChangeVocabularyAtPath(latin);
-    EXPECT_EQ(vocabulary()->foreignLanguageName(), QStringLiteral("Latin"));
-    const QString renamed = save(makeItalian());
-    hub->preferencesDidChangeVocabularyAtPath(renamed);
-    EXPECT_EQ(vocabulary()->foreignLanguageName(), QStringLiteral("Latin")) << "its own file still stands";
-
-    ASSERT_TRUE(QFile::remove(latin));
-    hub->preferencesDidDeleteVocabularyAtPath(latin);
-    EXPECT_EQ(vocabulary()->foreignLanguageName(), QStringLiteral("Italian"));
+    startWith(makeItalian());
+    const QSize screen = hub->mainWindow()->screen()->availableSize();
+    const QSize small = QSize(800, 610).boundedTo(screen);
+    hub->mainWindow()->resize(small);
+    hub->mainWindow()->close();
+    start();
+    EXPECT_EQ(hub->mainWindow()->size(), small);
+    for (const char *other : {"wide", "", "100000x100000"}) {
+        services.settings.setValue(settingskeys::mainWindowSize, QLatin1String(other));
+        start();
+        const QSize wanted = qstrcmp(other, "100000x100000") == 0 ? screen : QSize(1080, 720);
+        EXPECT_EQ(hub->mainWindow()->size(), wanted.boundedTo(screen)) << other;
+    }
 }
 
 TEST_F(MainWindowTest, HelpShowsOnceByItself)
@@ -371,6 +228,36 @@ TEST_F(MainWindowTest, MenusOfferOnlyWhatExists)
     hub->setImporter(&importer);
     menuItem("import")->trigger();
     EXPECT_EQ(importer.vocabulary, vocabulary());
+
+    struct RecordingExporter : Exporter
+    {
+        explicit RecordingExporter(QList<TAVLexiconRef> &log)
+            : exported(log)
+        {
+        }
+        void showExportWithVocabulary(const TAVLexiconRef &given) override { exported.append(given); }
+        QList<TAVLexiconRef> &exported;
+    };
+    QList<TAVLexiconRef> exported;
+    int made = 0;
+    hub->setExporterFactory([&](TAVExporterDelegate *delegate) {
+        EXPECT_EQ(delegate->mainWindow(), hub->mainWindow());
+        ++made;
+        return std::make_unique<RecordingExporter>(exported);
+    });
+    EXPECT_EQ(made, 0);
+    menuItem("export")->trigger();
+    menuItem("export")->trigger();
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(exported, QList<TAVLexiconRef>({vocabulary(), vocabulary()}));
+
+    QStringList titles;
+    for (int i = 0; i < 3; ++i) {
+        titles.append(menuItem("showSynonyms")->text());
+        menuItem("showSynonyms")->trigger();
+    }
+    EXPECT_EQ(titles, QStringList({QStringLiteral("Show synonyms"), QStringLiteral("Show all words"),
+                                   QStringLiteral("Show synonyms")}));
 
     hub->updateController()->updateMenuItem()->trigger();
     hub->visitSupport();

@@ -69,6 +69,8 @@ const Way ways[] = {
          t.control<QLineEdit>("foreignWordTextField")->setText(QStringLiteral("pane"));
      },
      [](Test t) { t.endEditor("okButton"); }, "save reload mark*", true},
+    {"deleteWhileAdding", [](Test t) { t.words()->showAddWordPanel(); },
+     [](Test t) { t.words()->deleteSelectedWords(); }, "reload sync", false},
     {"delete", [](Test t) { t.select("dog"); }, [](Test t) { t.words()->deleteSelectedWords(); },
      "save mark* reload sync", true},
     {"undoDelete",
@@ -140,11 +142,31 @@ TEST_F(ViewsTest, AFailedSaveStopsALevelSwitchAndARemovalOfDuplicates)
     click("level2Button");
     EXPECT_EQ(words()->selectedLevel(), TAVLexiconController::allLevels);
     EXPECT_TRUE(control<QAbstractButton>("allWordsButton")->isChecked());
-    services.alerts.answerNext(0);
     services.alerts.shown.clear();
     services.alerts.answerNext(1);
     words()->deleteDuplicates();
+    EXPECT_EQ(services.alerts.shown.size(), 2) << "the question, and the failure";
     EXPECT_EQ(vocabulary()->countAllWords(), count);
+}
+
+TEST_F(ViewsTest, DuplicatesAreGoneFromTheFileWhenTheirNumberIsTold)
+{
+    const TAVLexiconRef italian = makeItalian();
+    addWord(italian, "dog", "cane");
+    startWith(italian);
+    words()->setDisplaySynonyms();
+    recorder.take();
+    const auto numberInFile = [this] {
+        return TAVStorageManager::vocabularyFromFile(TAVStorageManager::savePathForVocabulary(*vocabulary()))
+            ->countAllWords();
+    };
+    qint64 inFile = 0;
+    services.alerts.answerNext(1);
+    services.alerts.whileShown = [&] { services.alerts.whileShown = [&] { inFile = numberInFile(); }; };
+    words()->deleteDuplicates();
+    EXPECT_EQ(inFile, 3);
+    EXPECT_FALSE(words()->isSynonymsActive());
+    EXPECT_EQ(recorder.take(), QStringLiteral("save sync reload reload sync"));
 }
 
 } // namespace

@@ -2,18 +2,21 @@
 
 #include "app/ground/AppGround.h"
 #include "app/ground/SettingsKeys.h"
+#include "document/VocabularyDocument.h"
 #include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"
 #include "sync/DropBoxController.h"
 #include "views/TAVLexiconController.h"
 #include "views/TAVMainWindowController.h"
+#include "views/WordTableModel.h"
 #include "views/WordTableView.h"
 
 #include <QtTest>
 
 /**
  * Writes down, in order, what an action causes: "mark" (with a star if the vocabulary was flagged by then),
- * "save", "sync", "reload". A save is seen by the time of the watched file, looked at before each entry.
+ * "save", "sync", "reload", and what a page of the window is told. A save is seen by the time of the watched
+ * file, looked at before each entry.
  */
 class Recorder : public DropBoxController
 {
@@ -41,16 +44,20 @@ public:
     bool isEnabled() const override { return enabled; }
     void setIsEnabled(bool flag) override { enabled = flag; }
     bool isLinked() const override { return linked; }
-
-    bool enabled = false;
-    bool linked = false;
-
-private:
+    void setDelegate(DropboxControllerDelegate *receiver) override { delegate = receiver; }
+    void setWindow(QWidget *parent) override { window = parent; }
     void note(const QString &entry)
     {
         lookForSave();
         m_entries.append(entry);
     }
+
+    bool enabled = false;
+    bool linked = false;
+    DropboxControllerDelegate *delegate = nullptr;
+    QWidget *window = nullptr;
+
+private:
     void lookForSave()
     {
         const QDateTime longAgo(QDate(2001, 1, 1), QTime(12, 0), Qt::UTC);
@@ -117,9 +124,17 @@ protected:
         EXPECT_TRUE(TAVStorageManager::saveVocabulary(vocabulary));
         return TAVStorageManager::savePathForVocabulary(*vocabulary);
     }
+    /** Makes the file older, so that another one is the youngest. */
+    static void age(const QString &path)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(
+            file.setFileTime(QDateTime(QDate(1990, 1, 1), QTime()), QFileDevice::FileModificationTime));
+    }
     void start()
     {
-        hub = std::make_unique<TAVMainWindowController>();
+        hub = std::make_unique<TAVMainWindowController>(document);
         hub->awakeFromNib();
         hub->mainWindow()->show();
         services.clock.advanceSeconds(1);
@@ -142,6 +157,15 @@ protected:
         return findControl<Control>(hub->mainWindow(), name);
     }
     void click(const char *name) const { control<QAbstractButton>(name)->click(); }
+    QAction *menuItem(const char *name) const
+    {
+        for (QAction *action : hub->mainWindow()->menuBar()->findChildren<QAction *>()) {
+            if (action->objectName() == QLatin1String(name) && action->menuRole() == QAction::NoRole)
+                return action;
+        }
+        ADD_FAILURE() << "no menu item " << name;
+        return nullptr;
+    }
     QString text(const char *label) const { return control<QLabel>(label)->text(); }
     WordTableView *table() const { return control<WordTableView>("vocabularyTable"); }
     QString cell(int row, int column) const { return table()->model()->index(row, column).data().toString(); }
@@ -153,6 +177,14 @@ protected:
         return shown;
     }
     int rowOf(const char *yourWord) const { return int(shownWords().indexOf(QString::fromUtf8(yourWord))); }
+    QStringList languages() const
+    {
+        QStringList names;
+        auto *popUp = control<QComboBox>("languagesPopUp");
+        for (int i = 0; i < popUp->count(); ++i)
+            names.append(popUp->itemText(i));
+        return names;
+    }
     /** The chosen entry of the language menu, as a user picks it. */
     void chooseLanguage(const QString &name) const
     {
@@ -176,5 +208,6 @@ protected:
     }
 
     Recorder recorder;
+    VocabularyDocument document;
     std::unique_ptr<TAVMainWindowController> hub;
 };

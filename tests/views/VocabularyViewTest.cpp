@@ -1,5 +1,6 @@
 #include "ViewsTest.h"
 
+#include "sync/TAVSyncLog.h"
 #include "views/MemoryLevelButton.h"
 #include "views/editor/TAVWordPopoverController.h"
 #include "widgets/M3TokenCloud.h"
@@ -316,16 +317,80 @@ TEST_F(ViewsTest, TheStatusLineTurnsOnlyWithASync)
 {
     startWith(makeItalian());
     auto *pages = control<QStackedWidget>("statusTabView");
-    words()->toggleStatusView();
+    auto *toggle = control<QAbstractButton>("toggleStatusButton");
+    toggle->click();
     EXPECT_EQ(pages->currentIndex(), 0);
+    EXPECT_FALSE(toggle->isVisible());
     recorder.enabled = true;
-    words()->toggleStatusView();
+    toggle->click();
     EXPECT_EQ(pages->currentIndex(), 1);
+    toggle->click();
+    EXPECT_EQ(pages->currentIndex(), 0);
     words()->showVocabulary();
+    EXPECT_EQ(pages->currentIndex(), 1);
+    EXPECT_TRUE(toggle->isVisible());
     click("level0Button");
     EXPECT_EQ(pages->currentIndex(), 0);
+}
+
+TEST_F(ViewsTest, TheStatusLineTellsOfWordsAndOfTheLastSync)
+{
+    struct ScriptedLog : TAVSyncLog
+    {
+        ScriptedLog() { setSharedManager(this); }
+        ~ScriptedLog() override { setSharedManager(nullptr); }
+        std::optional<QString> syncStatusForVocabulary(const TAVLexicon &) override { return status; }
+        std::optional<QString> status;
+    };
+    startWith(makeItalian());
+    ScriptedLog log; // registered only now: nobody may have kept another
     words()->cloudControllerDidSync();
-    EXPECT_EQ(pages->currentIndex(), 1);
+    EXPECT_EQ(text("syncStatusTextField"), QStringLiteral("Sync in progress"));
+    EXPECT_EQ(control<QStackedWidget>("statusTabView")->currentIndex(), 1);
+    log.status = QStringLiteral("just now");
+    words()->cloudControllerDidSync();
+    EXPECT_EQ(text("syncStatusTextField"), QStringLiteral("just now"));
+    table()->selectOnlyRow(0);
+    EXPECT_EQ(text("statusTextField"), QStringLiteral("Words in all: 3, one selected"));
+    click("level2Button");
+    EXPECT_EQ(text("statusTextField"), QStringLiteral("1 of 3 words"));
+}
+
+TEST_F(ViewsTest, AFileThatHasBecomeUnreadableTakesNoWordsOffTheScreen)
+{
+    startWith(makeItalian());
+    QFile file(TAVStorageManager::savePathForVocabulary(*vocabulary()));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write("no vocabulary");
+    file.close();
+    words()->reloadVocabularyFromDisk();
+    ASSERT_TRUE(vocabulary());
+    EXPECT_EQ(table()->model()->rowCount(), 3);
+}
+
+TEST_F(ViewsTest, TheTagCloudOnlyGrows)
+{
+    startWith(makeItalian());
+    auto *cloud = control<M3TokenCloud>("tagCloud");
+    for (const double height : {400.2, 100.0})
+        words()->tokenCloudDidChangePreferredHeight(cloud, height);
+    EXPECT_EQ(cloud->minimumHeight(), 401);
+}
+
+TEST_F(ViewsTest, OneWordIsDeletedForOnePressOfTheKey)
+{
+    startWith(makeItalian());
+    table()->setFocus();
+    table()->selectOnlyRow(1);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(table(), &held);
+    EXPECT_EQ(vocabulary()->countAllWords(), 3);
+    QTest::keyClick(table(), Qt::Key_Delete);
+    EXPECT_EQ(vocabulary()->countAllWords(), 2);
+    EXPECT_EQ(table()->currentIndex().row(), 1) << "where the deleted word stood";
+    table()->selectOnlyRow(1);
+    QTest::keyClick(table(), Qt::Key_Delete);
+    EXPECT_EQ(table()->currentIndex().row(), 0) << "the last one that is left";
 }
 
 } // namespace

@@ -44,8 +44,7 @@ Stage::Stage(const QString &folder, const QString &vocabularyFile, const QSize &
 
 Stage::~Stage()
 {
-    m_program.reset();
-    m_delegate.reset();
+    m_composition.reset();
 }
 
 QPalette Stage::darkPalette()
@@ -83,11 +82,11 @@ void Stage::writeLanguage()
 
 void Stage::open(bool withLanguage)
 {
-    m_delegate = std::make_unique<AppDelegate>();
+    m_composition = std::make_unique<Composition>();
     if (withLanguage)
         writeLanguage();
     m_services.settings.setValue(settingskeys::hasShownVocabularyHelp, true);
-    m_program = std::make_unique<Program>(*m_delegate);
+    m_program = &m_composition->makeProgram();
     m_program->awakeFromNib();
     window()->resize(m_size);
     window()->activateWindow();

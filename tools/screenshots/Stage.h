@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Program.h"
+#include "app/Composition.h"
 #include "support/TestServices.h"
 #include "views/TAVLexiconController.h"
 
@@ -46,6 +46,6 @@ private:
     QString m_vocabularyFile;
     QSize m_size;
     TestServices m_services;
-    std::unique_ptr<AppDelegate> m_delegate;
-    std::unique_ptr<Program> m_program;
+    std::unique_ptr<Composition> m_composition;
+    Program *m_program = nullptr;
 };

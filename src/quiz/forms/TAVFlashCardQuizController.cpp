@@ -37,7 +37,7 @@ TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view, Vocabular
 {
     QWidget *page = m_view->page(QuizView::flashCardPage);
     m_ui->setupUi(page);
-    m_editor = std::make_unique<TAVWordPopoverController>(page);
+    m_editor = std::make_unique<TAVWordPopoverController>(page, document);
     for (QLabel *label :
          {m_ui->upperLevelImageView, m_ui->upArrowImageView, m_ui->downArrowImageView,
           m_ui->lowerLevelImageView, m_ui->deletedImageView,

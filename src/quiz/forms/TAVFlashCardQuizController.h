@@ -13,6 +13,7 @@
 class FlashCardRestart;
 class QAbstractButton;
 class TAVWordPopoverController;
+class VocabularyDocument;
 
 namespace Ui {
 class TAVFlashCardQuiz;

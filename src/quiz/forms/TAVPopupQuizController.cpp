@@ -41,7 +41,7 @@ TAVPopupQuizController::TAVPopupQuizController(QuizView *view, VocabularyDocumen
     m_card = std::make_unique<TypedCard>(m_run, m_ui->popupCard, TypedCard::Controls::of(*m_ui));
     m_ui->popupCard->setPalette(CardStyle::palette(m_window->palette()));
     m_running->setupUi(m_view->page(QuizView::popupQuizPage));
-    m_editor = std::make_unique<TAVWordPopoverController>(m_window.get());
+    m_editor = std::make_unique<TAVWordPopoverController>(m_window.get(), document);
     for (QPushButton *button : {m_ui->checkButton, m_ui->nextButton, m_ui->closeButton})
         CardStyle::makeDefault(button);
     for (QLabel *label : {static_cast<QLabel *>(m_ui->commentTextField), m_running->popupIntro})

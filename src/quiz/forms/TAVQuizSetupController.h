@@ -1,9 +1,8 @@
 #pragma once
 
-#include "model/TAVLexicon.h"
+#include "document/Page.h"
 #include "quiz/AskDirection.h"
 #include "quiz/QuizChoice.h"
-#include "quiz/forms/QuizPage.h"
 #include "quiz/forms/QuizView.h"
 
 #include <QDateTime>
@@ -26,7 +25,7 @@ class TAVQuizSetup;
  * The page on which the user chooses a quiz: the form, the levels, the direction, the tags, how many words.
  * It checks the choice, lets the form select its words, and starts it.
  */
-class TAVQuizSetupController : public QObject, public QuizPage
+class TAVQuizSetupController : public QObject, public Page
 {
     Q_OBJECT
 
@@ -41,16 +40,22 @@ public:
     void setPopupQuizController(QuizForm *form) { setForm(2, form); }
 
     /** Two or more words are asked exactly as they are, until a level is changed by hand. */
-    void setPreSelectedWords(const TAVWordList &words) override { m_preSelectedWords = words; }
+    void setPreSelectedWords(const TAVWordList &words) { m_preSelectedWords = words; }
     const TAVWordList &preSelectedWords() const { return m_preSelectedWords; }
 
     /** Builds the page anew. The main window calls it twice when the tab is opened. */
-    void showQuiz() override;
+    void showQuiz();
     /** Counts anew, for instance after a sync. */
-    void quizListsToAskChanged() override { quizListsToAskChanged(nullptr); }
+    void quizListsToAskChanged() { quizListsToAskChanged(nullptr); }
     /** The same for a click on a level button, which is dimmed by its state. */
     void quizListsToAskChanged(QAbstractButton *sender);
+
     QWidget *page() override { return m_view; }
+    void willEnter(const TAVWordList &selectedWords) override { setPreSelectedWords(selectedWords); }
+    void enter(const TAVLexiconRef &) override { showQuiz(); }
+    void layoutDone() override { showQuiz(); }
+    void syncEnded() override { quizListsToAskChanged(); }
+
     void setAskDirection();
     void updateErrorLabel();
     void startQuiz();

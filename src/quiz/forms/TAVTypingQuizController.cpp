@@ -44,7 +44,7 @@ TAVTypingQuizController::TAVTypingQuizController(QuizView *view, VocabularyDocum
 {
     m_ui->setupUi(m_view->page(QuizView::typingQuizPage));
     m_card = std::make_unique<TypedCard>(m_run, m_view->card(), TypedCard::Controls::of(*m_ui));
-    m_editor = std::make_unique<TAVWordPopoverController>(m_view->page(QuizView::typingQuizPage));
+    m_editor = std::make_unique<TAVWordPopoverController>(m_view->page(QuizView::typingQuizPage), document);
     for (QLabel *label : {m_ui->answerUpperLevelImageView, m_ui->answerArrowImageView,
                           m_ui->questionLevelImageView, m_ui->deletedImageView})
         CardStyle::keepPlaceWhenHidden(label);

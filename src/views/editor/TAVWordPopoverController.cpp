@@ -2,10 +2,10 @@
 
 #include "app/ground/AppGround.h"
 #include "app/ground/SettingsKeys.h"
+#include "document/VocabularyDocument.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
-#include "storage/TAVStorageManager.h"
 #include "ui_TAVWordPopover.h"
 #include "widgets/ArrowPopup.h"
 
@@ -19,7 +19,7 @@ namespace {
 constexpr std::chrono::milliseconds focusDelay = 500ms;
 constexpr quint64 nativeLevel = 5;
 /** Far above what anybody types; a dropped text full of separators would keep the program busy for ever. */
-constexpr qsizetype mostPairs = 500;
+constexpr qsizetype maxPairs = 500;
 
 void enableAndShow(QWidget *control, bool flag)
 {
@@ -29,10 +29,11 @@ void enableAndShow(QWidget *control, bool flag)
 
 } // namespace
 
-TAVWordPopoverController::TAVWordPopoverController(QWidget *parentWidget)
+TAVWordPopoverController::TAVWordPopoverController(QWidget *parentWidget, VocabularyDocument &document)
     : QObject(parentWidget)
     , m_ui(std::make_unique<Ui::TAVWordPopover>())
     , m_popup(new ArrowPopup(parentWidget))
+    , m_document(document)
 {
     auto *panel = new QWidget;
     m_ui->setupUi(panel);
@@ -250,7 +251,7 @@ bool TAVWordPopoverController::writeOneWord()
     const TAVWordRef word = m_selectedWords.last();
     const WordEdits::Content typed = content();
     if (WordEdits::holdsSeveral(typed)) {
-        if (WordEdits::numberOfPairs(typed) > mostPairs) {
+        if (WordEdits::numberOfPairs(typed) > maxPairs) {
             platform::services().alerts->show({platform::localized("Vocabulary", "tooManyWordsTitle"),
                                                platform::localized("Vocabulary", "tooManyWordsMsg"),
                                                {platform::localized("Vocabulary", "ok")}});
@@ -286,8 +287,7 @@ void TAVWordPopoverController::deleteWord()
         if (choice != 1 || !m_vocabulary)
             return;
     }
-    m_vocabulary->removeWords(m_selectedWords);
-    if (!saveOrStay())
+    if (!m_document.deleteWords(m_vocabulary, m_selectedWords).isSaved)
         return;
     end();
     if (m_delegate)
@@ -296,15 +296,8 @@ void TAVWordPopoverController::deleteWord()
 
 bool TAVWordPopoverController::saveOrStay()
 {
-    // A flag that a word gained or lost changes what the level lists hold.
-    m_vocabulary->invalidateCachedWordLists();
-    m_vocabulary->buildSynonyms();
-    m_vocabulary->buildTagsIndex();
-    m_vocabulary->setNeedsSync(true);
-    if (TAVStorageManager::saveVocabulary(m_vocabulary))
-        return true;
-    platform::diagnosticLog(QStringLiteral("WordPopover > save > could not save voc"));
-    return false;
+    return m_document.commit(m_isInAddingMode ? Change::WordsAdded : Change::WordsEdited, m_vocabulary)
+        .isSaved;
 }
 
 void TAVWordPopoverController::end()

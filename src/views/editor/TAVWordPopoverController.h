@@ -1,12 +1,12 @@
 #pragma once
 
+#include "document/WordEdits.h"
 #include "model/TAVLexicon.h"
 #include "platform/Clock.h"
 #include "platform/InputSources.h"
 #include "views/editor/TAVLanguageTextField.h"
 #include "views/editor/TAVLanguageTokenField.h"
 #include "views/editor/TAVWordPopoverDelegate.h"
-#include "document/WordEdits.h"
 
 #include <QObject>
 #include <QPointer>
@@ -18,6 +18,7 @@
 class ArrowPopup;
 class QKeyEvent;
 class QWidget;
+class VocabularyDocument;
 
 namespace Ui {
 class TAVWordPopover;
@@ -25,8 +26,8 @@ class TAVWordPopover;
 
 /**
  * The panel in which words are typed and changed: one word, several at once in a reduced form, or a new one.
- * It writes into the words of the vocabulary, saves, and reports to its delegate. Each of its users makes one
- * of its own.
+ * It writes into the words of the vocabulary that it is given, has the document save them, and reports to its
+ * delegate. Each of its users makes one of its own.
  */
 class TAVWordPopoverController : public QObject,
                                  public OHLanguageTextFieldDelegate,
@@ -35,8 +36,8 @@ class TAVWordPopoverController : public QObject,
     Q_OBJECT
 
 public:
-    /** The panel belongs to the parent widget's window. */
-    explicit TAVWordPopoverController(QWidget *parentWidget);
+    /** The panel belongs to the parent widget's window. The document must outlive this controller. */
+    TAVWordPopoverController(QWidget *parentWidget, VocabularyDocument &document);
     ~TAVWordPopoverController() override;
 
     /** Fills the panel; showBeside() then brings it to the screen. The delegate is not owned. */
@@ -84,6 +85,7 @@ private:
     /** False if nothing was written, as the panel's texts make too many words. */
     bool writeOneWord();
     bool handleKey(const QKeyEvent &event);
+    /** False if the save failed: the panel stays, with the changes in memory. */
     bool saveOrStay();
     void end();
     void switchKeyboardTo(const platform::InputSourceRef &source);
@@ -93,6 +95,7 @@ private:
 
     std::unique_ptr<Ui::TAVWordPopover> m_ui;
     QPointer<ArrowPopup> m_popup;
+    VocabularyDocument &m_document;
     TAVWordPopoverDelegate *m_delegate = nullptr;
     TAVWordList m_selectedWords;
     TAVLexiconRef m_vocabulary;

@@ -1,6 +1,7 @@
 #include "EwmhDesktopTest.h"
 
 #include "app/ground/AppGround.h"
+#include "document/VocabularyDocument.h"
 #include "quiz/forms/TAVPopupQuizController.h"
 
 namespace {

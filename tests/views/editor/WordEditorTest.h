@@ -2,6 +2,7 @@
 
 #include "app/ground/AppGround.h"
 #include "app/ground/SettingsKeys.h"
+#include "document/VocabularyDocument.h"
 #include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"
 #include "support/Words.h"
@@ -24,7 +25,7 @@ protected:
         window.resize(400, 300);
         window.show();
         window.activateWindow();
-        editor = std::make_unique<TAVWordPopoverController>(&window);
+        editor = std::make_unique<TAVWordPopoverController>(&window, document);
         popup = window.findChild<ArrowPopup *>();
     }
 
@@ -101,6 +102,7 @@ protected:
     TAVWordRef water = makeWord({u"water"_qs, u"acqua"_qs, 5, {u"food"_qs}, {}, 103});
     TAVWordRef bread = makeWord({u"bread"_qs, u"pane"_qs, 5, {u"food"_qs}, {}, 104, {}, true});
     TAVLexiconRef vocabulary = std::make_shared<TAVLexicon>();
+    VocabularyDocument document;
     QWidget window;
     std::unique_ptr<TAVWordPopoverController> editor;
     ArrowPopup *popup = nullptr;
