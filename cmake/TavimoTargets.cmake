@@ -8,6 +8,14 @@ target_compile_definitions(tavimo_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
     QT_NO_FOREACH QT_NO_CONTEXTLESS_CONNECT QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_include_directories(tavimo_flags INTERFACE ${CMAKE_SOURCE_DIR}/src ${CMAKE_BINARY_DIR}/generated)
+# A file, a network answer or a dropped text that gets further than it should meets these.
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    target_compile_definitions(tavimo_flags INTERFACE _FORTIFY_SOURCE=2)
+    target_compile_options(tavimo_flags INTERFACE -fstack-protector-strong)
+    target_link_options(tavimo_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
+else()
+    target_compile_definitions(tavimo_flags INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
 if(TAVIMO_SANITIZE)
     target_compile_options(tavimo_flags INTERFACE
         -fsanitize=${TAVIMO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -10,6 +10,7 @@ packages_test=("${packages_run[@]}" dbus libgtest-dev openbox python3 x11-xkb-ut
 packages_bench=("${packages_build[@]}" libbenchmark-dev)
 packages_fuzz=("${packages_build[@]}" clang libclang-rt-14-dev)
 packages_format=(clang-format)
+packages_tidy=(clang clang-tidy)
 
 # install_packages <names...>
 install_packages() {
