@@ -12,10 +12,10 @@ constexpr std::chrono::milliseconds patienceAtTheEnd{300};
 
 SystemServices::SystemServices()
     : m_folders(platform::makeSystemFolders())
-    , m_clock(platform::makeSystemClock())
+    , m_clock(platform::makeSystemClock(m_mainDispatcher))
     , m_settings(platform::makeSystemSettings(m_folders->configDirectory()))
     , m_random(platform::makeSystemRandomSource())
-    , m_queues(platform::makeSystemQueues())
+    , m_queues(platform::makeSystemQueues(m_mainDispatcher))
     , m_systemLog(platform::makeSystemLog())
     , m_inputSources(std::make_unique<platform::InputSources>())
     , m_desktop(platform::makeSystemDesktop())
@@ -32,6 +32,7 @@ SystemServices::SystemServices()
     services.desktop = m_desktop.get();
     services.reachability = &m_reachability;
     services.systemLog = m_systemLog.get();
+    services.mainDispatcher = &m_mainDispatcher;
     platform::installServices(services);
     // Needs the clock to be installed.
     m_inputSources = platform::makeSystemInputSources();
@@ -44,9 +45,14 @@ SystemServices::~SystemServices()
     platform::installServices({});
 }
 
-bool SystemServices::finish()
+void SystemServices::endAlerts()
 {
     m_alerts.end();
+}
+
+bool SystemServices::finish()
+{
+    endAlerts();
     m_settings->synchronize();
     return m_queues->finish(patienceAtTheEnd);
 }

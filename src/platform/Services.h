@@ -6,6 +6,7 @@
 #include "platform/Desktop.h"
 #include "platform/Folders.h"
 #include "platform/InputSources.h"
+#include "platform/MainDispatcher.h"
 #include "platform/Queues.h"
 #include "platform/RandomSource.h"
 #include "platform/Reachability.h"
@@ -28,6 +29,7 @@ struct Services
     Desktop *desktop = nullptr;
     Reachability *reachability = nullptr;
     SystemLog *systemLog = nullptr;
+    MainDispatcher *mainDispatcher = nullptr;
 };
 
 /**
