@@ -24,6 +24,9 @@ private:
     std::unique_ptr<platform::RandomSource> m_random;
     std::unique_ptr<platform::Queues> m_queues;
     std::unique_ptr<platform::SystemLog> m_systemLog;
+    std::unique_ptr<platform::Http> m_http;
+    std::unique_ptr<platform::DeviceRegistry> m_deviceRegistry;
+    platform::Keyring m_keyring;
     platform::Reachability m_reachability;
     platform::DesktopBrowser m_browser;
     platform::AlertDialogs m_alerts{m_mainDispatcher};

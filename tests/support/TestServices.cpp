@@ -21,9 +21,10 @@ public:
     ~Handle() override
     {
         m_call->isAlive = false;
-        if (!m_alive.expired())
-            std::erase_if(m_clock.m_entries,
-                          [this](const auto &entry) { return entry.first.second == m_id; });
+        if (m_alive.expired())
+            return;
+        const std::lock_guard lock(m_clock.m_mutex);
+        std::erase_if(m_clock.m_entries, [this](const auto &entry) { return entry.first.second == m_id; });
     }
 
 private:
@@ -35,13 +36,32 @@ private:
 
 TestClock::TestClock(platform::MainDispatcher &dispatcher)
     : m_dispatcher(dispatcher)
-    , m_now(QDateTime(QDate(2026, 11, 18), QTime(9, 0), Qt::UTC))
     , m_timeZone(QTimeZone::utc())
+    , m_now(QDateTime(QDate(2026, 11, 18), QTime(9, 0), Qt::UTC))
 {
+}
+
+QDateTime TestClock::now() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_now;
+}
+
+void TestClock::setNow(const QDateTime &now)
+{
+    const std::lock_guard lock(m_mutex);
+    m_now = now.toUTC();
+}
+
+int TestClock::pendingCount() const
+{
+    const std::lock_guard lock(m_mutex);
+    return int(m_entries.size());
 }
 
 quint64 TestClock::add(Entry entry)
 {
+    const std::lock_guard lock(m_mutex);
     const quint64 id = m_nextId++;
     const qint64 due = m_now.toMSecsSinceEpoch() + qint64(entry.interval.count());
     m_entries.emplace(std::pair(due, id), std::move(entry));
@@ -66,26 +86,34 @@ void TestClock::callAfterInBackground(milliseconds delay, std::function<void()> 
     add({std::make_shared<Call>(Call{std::move(call)}), delay, false, true});
 }
 
+std::optional<TestClock::Entry> TestClock::takeDue(qint64 end)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_entries.empty() || m_entries.begin()->first.first > end)
+        return std::nullopt;
+    const auto [due, id] = m_entries.begin()->first;
+    const Entry entry = std::move(m_entries.begin()->second);
+    m_entries.erase(m_entries.begin());
+    m_now = QDateTime::fromMSecsSinceEpoch(std::max(due, m_now.toMSecsSinceEpoch()), Qt::UTC);
+    if (entry.repeats) {
+        const qint64 next = due + std::max<qint64>(1, entry.interval.count());
+        m_entries.emplace(std::pair(next, id), entry);
+    }
+    return entry;
+}
+
 void TestClock::advance(milliseconds span)
 {
     m_dispatcher.runWaiting();
-    const qint64 end = m_now.toMSecsSinceEpoch() + qint64(span.count());
-    while (!m_entries.empty() && m_entries.begin()->first.first <= end) {
-        const auto [due, id] = m_entries.begin()->first;
-        const Entry entry = std::move(m_entries.begin()->second);
-        m_entries.erase(m_entries.begin());
-        m_now = QDateTime::fromMSecsSinceEpoch(std::max(due, m_now.toMSecsSinceEpoch()), Qt::UTC);
-        if (entry.repeats) {
-            const qint64 next = due + std::max<qint64>(1, entry.interval.count());
-            m_entries.emplace(std::pair(next, id), entry);
-        }
-        if (entry.isInBackground)
-            entry.call->run();
+    const qint64 end = now().toMSecsSinceEpoch() + qint64(span.count());
+    while (const std::optional<Entry> entry = takeDue(end)) {
+        if (entry->isInBackground)
+            entry->call->run();
         else
-            m_dispatcher.fallDue(entry.call);
+            m_dispatcher.fallDue(entry->call);
         m_dispatcher.runWaiting();
     }
-    m_now = QDateTime::fromMSecsSinceEpoch(end, Qt::UTC);
+    setNow(QDateTime::fromMSecsSinceEpoch(end, Qt::UTC));
 }
 
 void TestClock::advanceSeconds(double seconds)
@@ -95,19 +123,34 @@ void TestClock::advanceSeconds(double seconds)
 
 QVariant TestSettings::value(const QString &key) const
 {
+    const std::lock_guard lock(m_mutex);
     const auto found = m_values.constFind(key);
     return found != m_values.constEnd() ? *found : m_defaults.value(key);
 }
 
 void TestSettings::setValue(const QString &key, const QVariant &value)
 {
+    const std::lock_guard lock(m_mutex);
     m_values.insert(key, value);
     writtenKeys.append(key);
 }
 
+void TestSettings::remove(const QString &key)
+{
+    const std::lock_guard lock(m_mutex);
+    m_values.remove(key);
+}
+
 void TestSettings::registerDefaults(const QVariantMap &defaults)
 {
+    const std::lock_guard lock(m_mutex);
     m_defaults.insert(defaults);
+}
+
+QVariant TestSettings::registeredDefault(const QString &key) const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_defaults.value(key);
 }
 
 int TestAlerts::show(const platform::Alert &alert)
@@ -243,7 +286,8 @@ TestServices::TestServices()
     , m_previous(platform::services())
 {
     platform::installServices({&clock, &settings, &random, &queues, &alerts, &folders, &browser,
-                               &inputSources, &desktop, &reachability, &systemLog, &mainDispatcher});
+                               &inputSources, &desktop, &reachability, &systemLog, &mainDispatcher, &http,
+                               &keyring, &deviceRegistry});
     platform::setDiagnosticLogListener([this](const QString &line) { diagnosticLines.append(line); });
     AppGround::resetForTest();
 }

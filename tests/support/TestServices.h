@@ -2,6 +2,8 @@
 
 #include "platform/OrderedSet.h"
 #include "platform/Services.h"
+#include "support/TestHttp.h"
+#include "support/TestKeyring.h"
 
 #include <QHash>
 #include <QStringList>
@@ -12,6 +14,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
+#include <mutex>
 
 /**
  * Time stands still until a test advances it; what falls due on the way runs in order, unless an alert
@@ -21,7 +24,7 @@ class TestClock : public platform::Clock
 {
 public:
     explicit TestClock(platform::MainDispatcher &dispatcher);
-    QDateTime now() const override { return m_now; }
+    QDateTime now() const override;
     QTimeZone timeZone() const override { return m_timeZone; }
     std::unique_ptr<platform::Timer> startTimer(std::chrono::milliseconds interval, bool repeats,
                                                 std::function<void()> fire) override;
@@ -29,12 +32,12 @@ public:
     /** For the queues' delayed tasks, which no alert holds. */
     void callAfterInBackground(std::chrono::milliseconds delay, std::function<void()> call);
 
-    void setNow(const QDateTime &now) { m_now = now.toUTC(); }
+    void setNow(const QDateTime &now);
     void setTimeZone(const QTimeZone &zone) { m_timeZone = zone; }
     void advance(std::chrono::milliseconds span);
     void advanceSeconds(double seconds);
     /** Timers and delayed calls that are not due yet. */
-    int pendingCount() const { return int(m_entries.size()); }
+    int pendingCount() const;
 
 private:
     struct Entry
@@ -46,10 +49,14 @@ private:
     };
     class Handle;
     quint64 add(Entry entry);
+    /** What is due next up to that moment, which becomes the present. */
+    std::optional<Entry> takeDue(qint64 end);
 
     platform::MainDispatcher &m_dispatcher;
-    QDateTime m_now;
     QTimeZone m_timeZone;
+    mutable std::mutex m_mutex;
+    // Guarded by the mutex
+    QDateTime m_now;
     quint64 m_nextId = 1;
     /** By due time, then by order of arming. */
     std::map<std::pair<qint64, quint64>, Entry> m_entries;
@@ -61,9 +68,9 @@ class TestSettings : public platform::Settings
 public:
     QVariant value(const QString &key) const override;
     void setValue(const QString &key, const QVariant &value) override;
-    void remove(const QString &key) override { m_values.remove(key); }
+    void remove(const QString &key) override;
     void registerDefaults(const QVariantMap &defaults) override;
-    QVariant registeredDefault(const QString &key) const override { return m_defaults.value(key); }
+    QVariant registeredDefault(const QString &key) const override;
     void synchronize() override { ++synchronizeCount; }
 
     const QHash<QString, QVariant> &stored() const { return m_values; }
@@ -72,6 +79,7 @@ public:
     QStringList writtenKeys;
 
 private:
+    mutable std::mutex m_mutex;
     QHash<QString, QVariant> m_values;
     QVariantMap m_defaults;
 };
@@ -193,6 +201,13 @@ public:
     QList<std::pair<platform::SystemLogLevel, QString>> lines;
 };
 
+class TestDeviceRegistry : public platform::DeviceRegistry
+{
+public:
+    QString deviceName() const override { return name; }
+    QString name = QStringLiteral("0123456789abcdef0123456789abcdef");
+};
+
 /** Installs substitutes for all services, with folders of their own, for the life of one test. */
 class TestServices
 {
@@ -213,6 +228,9 @@ public:
     TestDesktop desktop;
     platform::Reachability reachability;
     TestSystemLog systemLog;
+    TestHttp http;
+    TestKeyring keyring;
+    TestDeviceRegistry deviceRegistry;
     QStringList diagnosticLines;
 
 private:

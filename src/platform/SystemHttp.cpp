@@ -1,0 +1,182 @@
+#include "platform/Dispatcher.h"
+#include "platform/HttpExchange.h"
+
+#include <QDeadlineTimer>
+#include <QHostAddress>
+#include <QNetworkAccessManager>
+#include <QNetworkDiskCache>
+#include <QNetworkProxyFactory>
+#include <QThread>
+
+#include <map>
+
+namespace platform {
+
+namespace {
+
+constexpr qint64 maxCacheBytes = 20 * 1024 * 1024;
+/** The thread only waits for the network, so that it is usually there at once. */
+constexpr std::chrono::milliseconds patienceAtTheEnd{300};
+
+/** The system's proxies, but not for what stays within this machine. */
+class Proxies : public QNetworkProxyFactory
+{
+public:
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery &query) override
+    {
+        const QString host = query.peerHostName();
+        if (host == QLatin1String("localhost") || QHostAddress(host).isLoopback())
+            return {QNetworkProxy(QNetworkProxy::NoProxy)};
+        return systemProxyForQuery(query);
+    }
+};
+
+/** What lives on the client's thread. */
+class Worker : public Dispatcher
+{
+public:
+    explicit Worker(const QString &cacheFolder)
+        : m_cacheFolder(cacheFolder)
+    {
+    }
+
+    void begin(quint64 id, const HttpRequest &request, HttpExchange::Done done)
+    {
+        const auto takeResponse = [this, id, done = std::move(done)](HttpResponse response) {
+            forget(id);
+            done(std::move(response));
+        };
+        auto *exchange = new HttpExchange(network(), request, takeResponse, this);
+        m_exchanges.emplace(id, exchange);
+        exchange->begin();
+    }
+    void cancel(quint64 id)
+    {
+        const auto found = m_exchanges.find(id);
+        if (found != m_exchanges.end())
+            found->second->cancel();
+    }
+    void endAll()
+    {
+        while (!m_exchanges.empty())
+            m_exchanges.begin()->second->cancel();
+        m_network.reset();
+    }
+    bool hasLeftLookupBehind() const { return m_hasLeftLookupBehind; }
+
+private:
+    QNetworkAccessManager &network()
+    {
+        if (!m_network) {
+            m_network = std::make_unique<QNetworkAccessManager>();
+            m_network->setProxyFactory(new Proxies);
+            if (m_cacheFolder.isEmpty())
+                return *m_network;
+            auto *cache = new QNetworkDiskCache(m_network.get());
+            cache->setCacheDirectory(m_cacheFolder);
+            cache->setMaximumCacheSize(maxCacheBytes);
+            m_network->setCache(cache);
+        }
+        return *m_network;
+    }
+    void forget(quint64 id)
+    {
+        const auto found = m_exchanges.find(id);
+        m_hasLeftLookupBehind |= found->second->mayLeaveLookupBehind();
+        // Later, as one of its own functions is running.
+        found->second->deleteLater();
+        m_exchanges.erase(found);
+    }
+
+    const QString m_cacheFolder;
+    std::unique_ptr<QNetworkAccessManager> m_network;
+    std::map<quint64, HttpExchange *> m_exchanges;
+    bool m_hasLeftLookupBehind = false;
+};
+
+class ExchangeCall : public HttpCall
+{
+public:
+    ExchangeCall(const std::shared_ptr<Worker> &worker, quint64 id)
+        : m_worker(worker)
+        , m_id(id)
+    {
+    }
+    ~ExchangeCall() override
+    {
+        if (const auto worker = m_worker.lock())
+            worker->post([worker = worker.get(), id = m_id] { worker->cancel(id); });
+    }
+
+private:
+    std::weak_ptr<Worker> m_worker;
+    quint64 m_id;
+};
+
+/**
+ * All exchanges live on one thread of their own, which starts with the first: neither a busy main thread nor
+ * an alert makes them late, and the one who waits for an answer may be any thread.
+ */
+class SystemHttp : public Http
+{
+public:
+    explicit SystemHttp(const QString &cacheFolder)
+        : m_worker(std::make_shared<Worker>(cacheFolder))
+    {
+        m_thread.setObjectName(QStringLiteral("tavimo.http"));
+        m_worker->moveToThread(&m_thread);
+    }
+    ~SystemHttp() override
+    {
+        finish();
+        m_thread.wait();
+    }
+
+    bool finish() override
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            if (!m_isFinished && m_thread.isRunning())
+                m_worker->post([worker = m_worker.get()] {
+                    worker->endAll();
+                    QThread::currentThread()->quit();
+                });
+            m_isFinished = true;
+        }
+        return m_thread.wait(QDeadlineTimer(patienceAtTheEnd)) && !m_worker->hasLeftLookupBehind();
+    }
+
+protected:
+    std::unique_ptr<HttpCall> start(const HttpRequest &request, Done done) override
+    {
+        std::unique_lock lock(m_mutex);
+        if (m_isFinished) {
+            lock.unlock();
+            done({.error = HttpError::cancelled});
+            return std::make_unique<HttpCall>();
+        }
+        if (!m_thread.isRunning())
+            m_thread.start();
+        const quint64 id = ++m_lastId;
+        m_worker->post([worker = m_worker.get(), id, request, done = std::move(done)] {
+            worker->begin(id, request, done);
+        });
+        return std::make_unique<ExchangeCall>(m_worker, id);
+    }
+
+private:
+    std::mutex m_mutex;
+    bool m_isFinished = false;
+    quint64 m_lastId = 0;
+    QThread m_thread;
+    std::shared_ptr<Worker> m_worker;
+};
+
+} // namespace
+
+std::unique_ptr<Http> makeSystemHttp(const QString &cacheFolder)
+{
+    return std::make_unique<SystemHttp>(cacheFolder);
+}
+
+} // namespace platform
