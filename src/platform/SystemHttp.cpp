@@ -1,14 +1,17 @@
 #include "platform/Dispatcher.h"
 #include "platform/HttpExchange.h"
 
-#include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QHostAddress>
 #include <QNetworkAccessManager>
 #include <QNetworkDiskCache>
 #include <QNetworkProxyFactory>
-#include <QThread>
 
+#include <future>
 #include <map>
+#include <thread>
+
+#include <pthread.h>
 
 namespace platform {
 
@@ -31,7 +34,7 @@ public:
     }
 };
 
-/** What lives on the client's thread. */
+/** What lives on the client's thread, on which it is made. */
 class Worker : public Dispatcher
 {
 public:
@@ -56,11 +59,14 @@ public:
         if (found != m_exchanges.end())
             found->second->cancel();
     }
-    void endAll()
+    /** Runs all of the above until end(). */
+    void run() { m_loop.exec(); }
+    void end()
     {
         while (!m_exchanges.empty())
             m_exchanges.begin()->second->cancel();
         m_network.reset();
+        m_loop.quit();
     }
     bool hasLeftLookupBehind() const { return m_hasLeftLookupBehind; }
 
@@ -89,6 +95,7 @@ private:
     }
 
     const QString m_cacheFolder;
+    QEventLoop m_loop;
     std::unique_ptr<QNetworkAccessManager> m_network;
     std::map<quint64, HttpExchange *> m_exchanges;
     bool m_hasLeftLookupBehind = false;
@@ -115,60 +122,75 @@ private:
 
 /**
  * All exchanges live on one thread of their own, which starts with the first: neither a busy main thread nor
- * an alert makes them late, and the one who waits for an answer may be any thread.
+ * an alert makes them late, and whoever waits for an answer may be any thread.
  */
 class SystemHttp : public Http
 {
 public:
     explicit SystemHttp(const QString &cacheFolder)
-        : m_worker(std::make_shared<Worker>(cacheFolder))
+        : m_cacheFolder(cacheFolder)
     {
-        m_thread.setObjectName(QStringLiteral("tavimo.http"));
-        m_worker->moveToThread(&m_thread);
     }
     ~SystemHttp() override
     {
         finish();
-        m_thread.wait();
+        if (m_thread.joinable())
+            m_thread.join();
     }
 
     bool finish() override
     {
-        {
-            const std::lock_guard lock(m_mutex);
-            if (!m_isFinished && m_thread.isRunning())
-                m_worker->post([worker = m_worker.get()] {
-                    worker->endAll();
-                    QThread::currentThread()->quit();
-                });
-            m_isFinished = true;
-        }
-        return m_thread.wait(QDeadlineTimer(patienceAtTheEnd)) && !m_worker->hasLeftLookupBehind();
+        const std::lock_guard lock(m_mutex);
+        if (m_worker && !m_isFinished)
+            m_worker->post([worker = m_worker.get()] { worker->end(); });
+        m_isFinished = true;
+        return !m_worker || (m_ended.wait_for(patienceAtTheEnd) == std::future_status::ready &&
+                             !m_worker->hasLeftLookupBehind());
     }
 
 protected:
     std::unique_ptr<HttpCall> start(const HttpRequest &request, Done done) override
     {
-        std::unique_lock lock(m_mutex);
-        if (m_isFinished) {
-            lock.unlock();
-            done({.error = HttpError::cancelled});
-            return std::make_unique<HttpCall>();
+        {
+            const std::lock_guard lock(m_mutex);
+            if (!m_isFinished) {
+                startThread();
+                const quint64 id = ++m_lastId;
+                m_worker->post([worker = m_worker.get(), id, request, answer = std::move(done)] {
+                    worker->begin(id, request, answer);
+                });
+                return std::make_unique<ExchangeCall>(m_worker, id);
+            }
         }
-        if (!m_thread.isRunning())
-            m_thread.start();
-        const quint64 id = ++m_lastId;
-        m_worker->post([worker = m_worker.get(), id, request, done = std::move(done)] {
-            worker->begin(id, request, done);
-        });
-        return std::make_unique<ExchangeCall>(m_worker, id);
+        done({.error = HttpError::cancelled});
+        return std::make_unique<HttpCall>();
     }
 
 private:
+    void startThread()
+    {
+        if (m_worker)
+            return;
+        std::promise<std::shared_ptr<Worker>> made;
+        std::promise<void> ended;
+        auto worker = made.get_future();
+        m_ended = ended.get_future();
+        m_thread = std::thread([this, made = std::move(made), ended = std::move(ended)]() mutable {
+            pthread_setname_np(pthread_self(), "tavimo.http");
+            const auto ours = std::make_shared<Worker>(m_cacheFolder);
+            made.set_value(ours);
+            ours->run();
+            ended.set_value();
+        });
+        m_worker = worker.get();
+    }
+
+    const QString m_cacheFolder;
     std::mutex m_mutex;
     bool m_isFinished = false;
     quint64 m_lastId = 0;
-    QThread m_thread;
+    std::thread m_thread;
+    std::future<void> m_ended;
     std::shared_ptr<Worker> m_worker;
 };
 
