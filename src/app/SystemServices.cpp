@@ -46,7 +46,7 @@ SystemServices::SystemServices()
     services.keyring = &m_keyring;
     services.deviceRegistry = m_deviceRegistry.get();
     platform::installServices(services);
-    // Needs the clock to be installed.
+    // Needs the clock and the queues to be installed.
     m_inputSources = platform::makeSystemInputSources();
     services.inputSources = m_inputSources.get();
     platform::installServices(services);

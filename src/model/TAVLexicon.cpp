@@ -5,9 +5,6 @@
 #include "platform/Services.h"
 #include "platform/Texts.h"
 
-#include <QCoreApplication>
-#include <QThread>
-
 namespace {
 
 /** 2001-01-01 00:00:00 UTC, from which ids are counted, in the reckoning of the clock. */
@@ -23,12 +20,6 @@ void findSource(const QList<platform::InputSourceRef> &sources, const QString &s
             return;
         }
     }
-}
-
-bool isMainThread()
-{
-    const QCoreApplication *application = QCoreApplication::instance();
-    return !application || application->thread() == QThread::currentThread();
 }
 
 } // namespace
@@ -195,10 +186,9 @@ void TAVLexicon::resolveInputSources()
 {
     const QString yourId = m_yourTextInputSourceId.value_or(QString());
     const QString foreignId = m_foreignTextInputSourceId.value_or(QString());
-    // The keyboard belongs to the main thread; nobody types into what the sync reads in the background.
-    if ((yourId.isEmpty() && foreignId.isEmpty()) || !isMainThread())
+    if (yourId.isEmpty() && foreignId.isEmpty())
         return;
-    const QList<platform::InputSourceRef> sources = AppGround::allInputSources(false);
+    const QList<platform::InputSourceRef> sources = AppGround::selectableInputSources(false);
     findSource(sources, yourId, m_yourTextInputSource);
     findSource(sources, foreignId, m_foreignTextInputSource);
 }

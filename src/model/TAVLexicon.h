@@ -179,6 +179,8 @@ public:
     void setYourTextInputSourceId(const std::optional<QString> &sourceId);
     std::optional<QString> foreignTextInputSourceId() const { return m_foreignTextInputSourceId; }
     void setForeignTextInputSourceId(const std::optional<QString> &sourceId);
+    /** Looks both ids up again. One that isn't installed here leaves its source as it is. */
+    void resolveInputSources();
     platform::InputSourceRef yourTextInputSource() const { return m_yourTextInputSource; }
     platform::InputSourceRef foreignTextInputSource() const { return m_foreignTextInputSource; }
 
@@ -201,7 +203,6 @@ private:
      * ids where none are. From the given level on, words keep dontAskAgain.
      */
     void adoptReadLists(LevelLists lists, int firstLevelKeepingDontAskAgain);
-    void resolveInputSources();
 
     mutable std::optional<TagsIndex> m_tagsIndexDict;
     TAVWordList m_allWords;

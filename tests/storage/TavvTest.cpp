@@ -1,5 +1,7 @@
 #include "StorageTest.h"
 
+#include <thread>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -181,6 +183,10 @@ TEST_F(TavvTest, inputSourcesAreFoundByTheirIds)
     EXPECT_EQ(vocabulary->yourTextInputSource(), source);
     EXPECT_EQ(vocabulary->foreignTextInputSourceId(), QString());
     EXPECT_FALSE(vocabulary->foreignTextInputSource());
+
+    TAVLexiconRef readInBackground;
+    std::thread([&] { readInBackground = loadJson(R"({"foreignTextInputSourceName":"us"})"); }).join();
+    EXPECT_EQ(readInBackground->foreignTextInputSource(), source);
 }
 
 TEST_F(TavvTest, readsWhatItCanOfTheWrongShape)

@@ -52,7 +52,9 @@ public:
     /** The name without what stands from its first opening parenthesis on, trimmed. */
     static QString nameWithoutRegion(const QString &localeDisplayName);
 
-    /** The selectable input sources; the list is remembered for namesForInputSources(). */
+    /** The selectable input sources as they are known now. Any thread. */
+    static QList<platform::InputSourceRef> selectableInputSources(bool includeAllInstalled);
+    /** The same for the main thread; the list is remembered for namesForInputSources(). */
     static QList<platform::InputSourceRef> allInputSources(bool includeAllInstalled);
     /** As many names as the given list is long, of the sources that allInputSources() gave last. */
     static QStringList namesForInputSources(const QList<platform::InputSourceRef> &sources);

@@ -29,6 +29,11 @@ protected:
             list.append(source->id);
         return list;
     }
+    /** Once the server's reports have come in. */
+    static bool becomes(XkbInputSources &sources, const QStringList &expected)
+    {
+        return QTest::qWaitFor([&] { return ids(sources) == expected; });
+    }
     static QString current(XkbInputSources &sources)
     {
         const InputSourceRef source = sources.currentKeyboardLayoutInputSource();
@@ -58,7 +63,15 @@ TEST_F(XkbInputSourcesTest, ListsTheGroupsAndSwitchesBetweenThem)
     EXPECT_EQ(current(sources), u"xkb:de"_qs) << "a layout that is not there changes nothing";
 
     // The user changes the order while the program holds on to what it listed before.
+    QObject context;
+    int changes = 0;
+    sources.setListChanged(&context, [&] { ++changes; });
     setLayouts(u"ru,us,de"_qs, u"phonetic,,"_qs);
     sources.selectInputSource(list.at(1));
     EXPECT_EQ(current(sources), u"xkb:de"_qs);
+    EXPECT_TRUE(becomes(sources, {u"xkb:ru(phonetic)"_qs, u"xkb:us"_qs, u"xkb:de"_qs}));
+    services.queues.drain();
+    EXPECT_GE(changes, 1);
+    setLayouts(u"fr"_qs, {});
+    EXPECT_TRUE(becomes(sources, {u"xkb:fr"_qs}));
 }
