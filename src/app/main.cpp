@@ -4,7 +4,6 @@
 #include "platform/Texts.h"
 #include "platform/desktop/SingleInstance.h"
 #include "usage/logging/DDLog.h"
-#include "views/TAVLexiconController.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -30,12 +29,6 @@ int run(Application &application, SystemServices &services, SingleInstance &inst
     Program program(delegate);
     program.awakeFromNib();
     QObject::connect(&instance, &SingleInstance::startedAgain, &program, &Program::reopen);
-    // The keyboard's sources may become known only after the vocabulary was loaded.
-    platform::services().inputSources->setListChanged(&program, [&program] {
-        if (const TAVLexiconRef vocabulary =
-                program.mainWindowController().vocabularyController()->vocabulary())
-            vocabulary->resolveInputSources();
-    });
     delegate.applicationDidFinishLaunching(QStringLiteral("ApplicationDidFinishLaunching"));
     const int result = application.run();
     delegate.applicationWillTerminate();

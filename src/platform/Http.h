@@ -31,7 +31,7 @@ struct HttpLimits
 enum class HttpCache {
     /** Nothing is read from the cache, and nothing kept. */
     none,
-    /** As the server's headers say. */
+    /** A kept answer that its server called good until later goes before the network. */
     standard,
     /** An answer that was kept, however old, goes before the network. */
     anyAge
@@ -53,9 +53,9 @@ struct HttpRequest
     HttpLimits limits = {};
     HttpCache cache = HttpCache::none;
     /**
-     * Redirects of GET and HEAD that are followed: to https, and within this machine. The request's own
-     * headers stay with the origin that they were meant for. Beyond this number the exchange fails; with 0,
-     * and for other methods, a redirect is an answer like any other.
+     * Redirects of GET and HEAD that are followed: to https, and from plain http within this machine to the
+     * same. The request's own headers stay with the origin that they were meant for. Beyond this number the
+     * exchange fails; with 0, and for other methods, a redirect is an answer like any other.
      */
     int maxRedirects = 3;
     /**

@@ -1,6 +1,7 @@
 #include "platform/HttpExchange.h"
 
-#include <QAbstractNetworkCache>
+#include "platform/HttpDiskCache.h"
+
 #include <QFile>
 #include <QHostAddress>
 #include <QNetworkAccessManager>
@@ -62,11 +63,6 @@ bool framesTheMessage(const QByteArray &name)
     return std::find(names.begin(), names.end(), name.toLower()) != names.end();
 }
 
-QNetworkRequest::CacheLoadControl loadControl(HttpCache cache)
-{
-    return cache == HttpCache::none ? QNetworkRequest::AlwaysNetwork : QNetworkRequest::PreferNetwork;
-}
-
 HttpError errorOf(QNetworkReply::NetworkError error)
 {
     return error == QNetworkReply::SslHandshakeFailedError ? HttpError::tls : HttpError::network;
@@ -82,10 +78,11 @@ bool isStatus(QNetworkReply::NetworkError error, int status)
 
 } // namespace
 
-HttpExchange::HttpExchange(QNetworkAccessManager &network, const HttpRequest &request, Done done,
-                           QObject *parent)
+HttpExchange::HttpExchange(QNetworkAccessManager &network, HttpDiskCache *cache, const HttpRequest &request,
+                           Done done, QObject *parent)
     : QObject(parent)
     , m_network(network)
+    , m_cache(cache)
     , m_request(request)
     , m_done(std::move(done))
 {
@@ -112,7 +109,7 @@ void HttpExchange::begin()
         end(HttpError::unreadableBody, m_bodyFile->errorString());
         return;
     }
-    if (m_request.cache == HttpCache::anyAge && takeFromCache())
+    if (takeFromCache())
         return;
     m_total.start();
     ask(m_request.url);
@@ -133,26 +130,24 @@ bool HttpExchange::openBody()
 
 bool HttpExchange::takeFromCache()
 {
-    // By hand, as the network's own way asks the server after all where the answer once demanded that.
-    QAbstractNetworkCache *cache = m_network.cache();
-    const QNetworkCacheMetaData found =
-        cache && m_request.method == "GET" ? cache->metaData(m_request.url) : QNetworkCacheMetaData();
-    const std::unique_ptr<QIODevice> body(found.isValid() ? cache->data(m_request.url) : nullptr);
-    if (!body)
+    if (!m_cache || m_request.cache == HttpCache::none || m_request.method != "GET")
         return false;
-    m_response.isFromCache = true;
-    m_response.status = found.attributes().value(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    const auto headers = found.rawHeaders();
-    m_response.headers = HttpHeaders(headers.begin(), headers.end());
-    while (!body->atEnd()) {
-        const QByteArray piece = body->read(maxPieceBytes);
-        if (piece.isEmpty())
-            break;
-        if (!take(piece))
-            return true;
-    }
-    end(HttpError::none);
+    std::optional<HttpResponse> kept = m_cache->find(m_request.url, m_request.cache == HttpCache::anyAge);
+    if (!kept)
+        return false;
+    const QByteArray body = std::exchange(kept->body, {});
+    m_response = std::move(*kept);
+    if (take(body))
+        end(HttpError::none);
     return true;
+}
+
+void HttpExchange::keepInCache()
+{
+    const bool mayBeKept = m_cache && m_request.cache != HttpCache::none && m_request.method == "GET" &&
+                           m_response.status == 200 && !m_request.sink;
+    if (mayBeKept)
+        m_cache->insert(m_request.url, m_response);
 }
 
 QNetworkRequest HttpExchange::requestTo(const QUrl &url) const
@@ -163,8 +158,7 @@ QNetworkRequest HttpExchange::requestTo(const QUrl &url) const
          {QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::CookieSaveControlAttribute,
           QNetworkRequest::AuthenticationReuseAttribute})
         request.setAttribute(attribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, loadControl(m_request.cache));
-    request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, m_request.cache != HttpCache::none);
+    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     // Otherwise filled with the user's languages, and with the name of another program.
     request.setRawHeader("Accept-Language", "*");
     request.setRawHeader("User-Agent", "Tavimo");
@@ -210,7 +204,7 @@ bool HttpExchange::isToBeFollowed() const
 void HttpExchange::follow()
 {
     const QUrl next = m_reply->url().resolved(QUrl::fromEncoded(m_response.header("Location")));
-    if (!isAllowed(next, isThisMachine(m_request.url))) {
+    if (!isAllowed(next, m_reply->url().scheme() == QLatin1String("http"))) {
         end(HttpError::notAllowed, next.toDisplayString());
         return;
     }
@@ -226,7 +220,6 @@ void HttpExchange::takeHeaders()
 {
     m_silence.start();
     m_response.status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    m_response.isFromCache = m_reply->attribute(QNetworkRequest::SourceIsFromCacheAttribute).toBool();
     const auto &headers = m_reply->rawHeaderPairs();
     m_response.headers = HttpHeaders(headers.begin(), headers.end());
     if (m_response.status == 0)
@@ -272,10 +265,12 @@ void HttpExchange::takeEnd()
         return;
     const QNetworkReply::NetworkError error = m_reply->error();
     m_mayLeaveLookupBehind = false;
-    if (isStatus(error, m_response.status))
-        end(HttpError::none);
-    else
+    if (!isStatus(error, m_response.status)) {
         end(errorOf(error), m_reply->errorString());
+        return;
+    }
+    keepInCache();
+    end(HttpError::none);
 }
 
 void HttpExchange::dropReply()

@@ -12,14 +12,17 @@ class QNetworkAccessManager;
 
 namespace platform {
 
+class HttpDiskCache;
+
 /** One request and its answer, redirects included, within their limits. Lives on the client's thread. */
 class HttpExchange : public QObject
 {
 public:
     using Done = std::function<void(HttpResponse)>;
 
-    /** The network outlives it, or at least its end. */
-    HttpExchange(QNetworkAccessManager &network, const HttpRequest &request, Done done, QObject *parent);
+    /** The network and the cache, which may be null, last at least until its end. */
+    HttpExchange(QNetworkAccessManager &network, HttpDiskCache *cache, const HttpRequest &request, Done done,
+                 QObject *parent);
     ~HttpExchange() override;
 
     /** May call done before it returns. */
@@ -32,6 +35,7 @@ public:
 private:
     bool openBody();
     bool takeFromCache();
+    void keepInCache();
     void ask(const QUrl &url);
     QNetworkRequest requestTo(const QUrl &url) const;
     bool isToBeFollowed() const;
@@ -45,6 +49,7 @@ private:
     void end(HttpError error, const QString &text = {});
 
     QNetworkAccessManager &m_network;
+    HttpDiskCache *m_cache;
     const HttpRequest m_request;
     Done m_done;
     HttpResponse m_response;

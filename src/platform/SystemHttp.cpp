@@ -1,10 +1,10 @@
 #include "platform/Dispatcher.h"
+#include "platform/HttpDiskCache.h"
 #include "platform/HttpExchange.h"
 
 #include <QEventLoop>
 #include <QHostAddress>
 #include <QNetworkAccessManager>
-#include <QNetworkDiskCache>
 #include <QNetworkProxyFactory>
 
 #include <future>
@@ -17,7 +17,6 @@ namespace platform {
 
 namespace {
 
-constexpr qint64 maxCacheBytes = 20 * 1024 * 1024;
 /** The thread only waits for the network, so that it is usually there at once. */
 constexpr std::chrono::milliseconds patienceAtTheEnd{300};
 
@@ -49,7 +48,8 @@ public:
             forget(id);
             done(std::move(response));
         };
-        auto *exchange = new HttpExchange(network(), request, takeResponse, this);
+        openNetwork();
+        auto *exchange = new HttpExchange(*m_network, m_cache.get(), request, takeResponse, this);
         m_exchanges.emplace(id, exchange);
         exchange->begin();
     }
@@ -66,24 +66,20 @@ public:
         while (!m_exchanges.empty())
             m_exchanges.begin()->second->cancel();
         m_network.reset();
+        m_cache.reset();
         m_loop.quit();
     }
     bool hasLeftLookupBehind() const { return m_hasLeftLookupBehind; }
 
 private:
-    QNetworkAccessManager &network()
+    void openNetwork()
     {
-        if (!m_network) {
-            m_network = std::make_unique<QNetworkAccessManager>();
-            m_network->setProxyFactory(new Proxies);
-            if (m_cacheFolder.isEmpty())
-                return *m_network;
-            auto *cache = new QNetworkDiskCache(m_network.get());
-            cache->setCacheDirectory(m_cacheFolder);
-            cache->setMaximumCacheSize(maxCacheBytes);
-            m_network->setCache(cache);
-        }
-        return *m_network;
+        if (m_network)
+            return;
+        m_network = std::make_unique<QNetworkAccessManager>();
+        m_network->setProxyFactory(new Proxies);
+        if (!m_cacheFolder.isEmpty())
+            m_cache = std::make_unique<HttpDiskCache>(m_cacheFolder);
     }
     void forget(quint64 id)
     {
@@ -97,6 +93,7 @@ private:
     const QString m_cacheFolder;
     QEventLoop m_loop;
     std::unique_ptr<QNetworkAccessManager> m_network;
+    std::unique_ptr<HttpDiskCache> m_cache;
     std::map<quint64, HttpExchange *> m_exchanges;
     bool m_hasLeftLookupBehind = false;
 };

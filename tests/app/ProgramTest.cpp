@@ -1,5 +1,6 @@
 #include "app/Program.h"
 #include "support/GuiTest.h"
+#include "views/TAVLexiconController.h"
 
 namespace {
 
@@ -36,6 +37,18 @@ TEST_F(ProgramTest, StartedAgainItBringsItsWindowToTheFrontAndUpToDate)
     EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token");
     EXPECT_EQ(sync.syncs, 1);
     qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+TEST_F(ProgramTest, TheKeyboardsSourcesMayComeAfterTheVocabulary)
+{
+    const auto vocabulary = std::make_shared<TAVLexicon>();
+    vocabulary->setForeignTextInputSourceId(u"de"_qs);
+    program.mainWindowController().vocabularyController()->setVocabulary(vocabulary);
+    EXPECT_EQ(vocabulary->foreignTextInputSource(), nullptr);
+    const auto source = services.inputSources.add(u"de"_qs);
+    services.inputSources.reportListChanged();
+    services.queues.drain();
+    EXPECT_EQ(vocabulary->foreignTextInputSource(), source);
 }
 
 TEST_F(ProgramTest, OnlyTheMainWindowsCloseEndsTheProgram)

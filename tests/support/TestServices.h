@@ -173,6 +173,7 @@ public:
     platform::InputSourceRef currentKeyboardLayoutInputSource() override { return current; }
     void selectInputSource(const platform::InputSourceRef &source) override;
     platform::InputSourceRef add(const QString &id, bool isSelectCapable = true);
+    using platform::InputSources::reportListChanged;
     QList<platform::InputSourceRef> sources;
     platform::InputSourceRef current;
     QStringList selected;

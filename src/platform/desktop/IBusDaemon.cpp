@@ -173,6 +173,12 @@ std::optional<QDBusConnection> IBusDaemon::bus() const
     return m_bus && m_bus->isConnected() ? m_bus : std::nullopt;
 }
 
+int IBusDaemon::connectionCount() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_connectionCount;
+}
+
 void IBusDaemon::leaveAlone()
 {
     {
@@ -198,6 +204,7 @@ bool IBusDaemon::connectToDaemon()
     if (!connected.isConnected())
         return false;
     m_bus = connected;
+    ++m_connectionCount;
     m_silentUntil = QDateTime();
     return true;
 }

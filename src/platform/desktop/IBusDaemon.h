@@ -44,6 +44,10 @@ public:
     /** The bus for what needs no answer; absent while the daemon isn't connected. Never waits. */
     std::optional<QDBusConnection> bus() const;
 
+    /** How often it has been connected. Each bus has to be listened to anew, and may have the name of the
+     * last. */
+    int connectionCount() const;
+
     /** The request to switch to an engine. */
     static QDBusMessage switchTo(const InputSourceRef &source);
     /** The engine of the list with the name that the daemon uses. */
@@ -61,6 +65,7 @@ private:
     // Guarded by the mutex
     std::optional<QDBusConnection> m_bus;
     QDateTime m_silentUntil;
+    int m_connectionCount = 0;
 };
 
 /** The address at which the daemon of this session listens; empty if there is none. */

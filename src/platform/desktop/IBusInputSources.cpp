@@ -74,11 +74,12 @@ void IBusInputSources::refresh()
 
 void IBusInputSources::listenToDaemon()
 {
+    // In this order: what connects meanwhile is noticed the next time.
+    const int connection = m_known->daemon.connectionCount();
     auto bus = m_known->daemon.bus();
-    // Each connection has its own name on the bus.
-    if (!bus || bus->baseService() == m_listenedTo)
+    if (!bus || connection == m_connectionListenedTo)
         return;
-    m_listenedTo = bus->baseService();
+    m_connectionListenedTo = connection;
     // Without the sender's name, as finding out who owns it would wait for the daemon.
     const QString path = QStringLiteral("/org/freedesktop/IBus");
     const QString daemon = QStringLiteral("org.freedesktop.IBus");

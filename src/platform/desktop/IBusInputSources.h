@@ -43,7 +43,8 @@ private:
 
     /** Outlives this object in the background task that fetches. */
     std::shared_ptr<Known> m_known;
-    QString m_listenedTo;
+    /** The number of the connection whose reports come in. */
+    int m_connectionListenedTo = 0;
 };
 
 } // namespace platform

@@ -55,6 +55,14 @@ TEST_F(NotificationsTest, EscapesMarkupReplacesTheLastAndCallsBackOnce)
     click(7, u"other"_qs);
     click(7, u"default"_qs);
     click(7, u"default"_qs);
+    {
+        const platform::ClosedGate alert(services.mainDispatcher);
+        processEvents();
+        const QDeadlineTimer clicked(std::chrono::milliseconds(100));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return clicked.hasExpired(); }));
+        services.queues.drain();
+        EXPECT_TRUE(chosen.isEmpty()) << "while an alert stands, the click waits";
+    }
     ASSERT_TRUE(QTest::qWaitFor([&] {
         services.queues.drain();
         return !chosen.isEmpty();
