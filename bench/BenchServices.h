@@ -28,16 +28,17 @@ private:
         int show(const platform::Alert &) override { return 0; }
     };
 
+    platform::MainDispatcher m_mainDispatcher;
     TemporaryFolders m_folders;
     SilentAlerts m_alerts;
     platform::Browser m_browser;
     platform::InputSources m_inputSources;
     platform::Desktop m_desktop;
     platform::Reachability m_reachability;
-    std::unique_ptr<platform::Clock> m_clock = platform::makeSystemClock();
+    std::unique_ptr<platform::Clock> m_clock = platform::makeSystemClock(m_mainDispatcher);
     std::unique_ptr<platform::Settings> m_settings =
         platform::makeSystemSettings(m_folders.configDirectory());
     std::unique_ptr<platform::RandomSource> m_random = platform::makeSystemRandomSource();
-    std::unique_ptr<platform::Queues> m_queues = platform::makeSystemQueues();
+    std::unique_ptr<platform::Queues> m_queues = platform::makeSystemQueues(m_mainDispatcher);
     std::unique_ptr<platform::SystemLog> m_systemLog = platform::makeSystemLog();
 };

@@ -15,6 +15,7 @@ public:
     }
 
 private:
-    std::unique_ptr<platform::Clock> m_clock = platform::makeSystemClock();
+    platform::MainDispatcher m_mainDispatcher;
+    std::unique_ptr<platform::Clock> m_clock = platform::makeSystemClock(m_mainDispatcher);
     platform::InputSources m_inputSources;
 };

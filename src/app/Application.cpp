@@ -76,11 +76,20 @@ bool Application::notify(QObject *receiver, QEvent *event) noexcept
 
 bool Application::event(QEvent *event)
 {
-    if (event->type() == QEvent::Quit && m_shouldTerminate && !m_shouldTerminate()) {
-        event->ignore();
-        return true;
+    if (event->type() == QEvent::Quit) {
+        if (m_shouldTerminate && !m_shouldTerminate()) {
+            event->ignore();
+            return true;
+        }
+        m_isEnding = true;
+        Q_EMIT ending();
     }
     return QApplication::event(event);
+}
+
+int Application::run()
+{
+    return m_isEnding ? 0 : exec();
 }
 
 void Application::quitOnSignals()
@@ -88,10 +97,17 @@ void Application::quitOnSignals()
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, signalSockets) != 0)
         return;
     auto *notifier = new QSocketNotifier(signalSockets[1], QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, [notifier] {
-        notifier->setEnabled(false);
-        quit();
-    });
+    connect(notifier, &QSocketNotifier::activated, this, &Application::quitOnSignal);
     for (const int number : {SIGTERM, SIGINT, SIGHUP})
         std::signal(number, handleSignal);
+}
+
+void Application::quitOnSignal()
+{
+    char bytes[16];
+    while (read(signalSockets[1], bytes, sizeof(bytes)) > 0) {
+    }
+    // Not quit(), which does nothing before the program's own event loop runs.
+    QEvent quitEvent(QEvent::Quit);
+    sendEvent(this, &quitEvent);
 }

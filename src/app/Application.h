@@ -22,12 +22,25 @@ public:
     /** An exception that nobody caught ends the process where it was thrown, instead of being swallowed. */
     bool notify(QObject *receiver, QEvent *event) noexcept override;
 
-    /** Lets the end of the user's session, or Ctrl+C in a terminal, end the program in good order. */
+    /**
+     * Lets the end of the user's session, or Ctrl+C in a terminal, end the program in good order, from now on
+     * and whatever event loop runs: an alert can stand long before run().
+     */
     void quitOnSignals();
+
+    /** Runs the event loop; returns at once if the program was asked to end before. The process's result. */
+    int run();
+
+Q_SIGNALS:
+    /** The program has agreed to end: nobody may wait for an answer of the user any longer. */
+    void ending();
 
 protected:
     bool event(QEvent *event) override;
 
 private:
+    void quitOnSignal();
+
     std::function<bool()> m_shouldTerminate;
+    bool m_isEnding = false;
 };

@@ -21,6 +21,11 @@ Program::Program(AppDelegate &delegate, VocabularyDocument &document)
     m_mainWindowController.setQuizSetupController(&m_quizSetup);
     m_mainWindowController.mainWindow()->installEventFilter(this);
     m_delegate.setMainWindowController(this);
+    // The keyboard's sources may become known only after the vocabulary was loaded.
+    platform::services().inputSources->setListChanged(this, [this] {
+        if (const TAVLexiconRef vocabulary = m_mainWindowController.vocabularyController()->vocabulary())
+            vocabulary->resolveInputSources();
+    });
 }
 
 Program::~Program()

@@ -8,15 +8,24 @@ namespace {
 /** For background work to come to its end; whoever quits shouldn't notice. */
 constexpr std::chrono::milliseconds patienceAtTheEnd{300};
 
+/** Empty where there is no folder for it. */
+QString httpCacheFolder(const platform::Folders &folders)
+{
+    const QString cache = folders.cacheDirectory();
+    return cache.isEmpty() ? QString() : cache + QLatin1String("/http");
+}
+
 } // namespace
 
 SystemServices::SystemServices()
     : m_folders(platform::makeSystemFolders())
-    , m_clock(platform::makeSystemClock())
+    , m_clock(platform::makeSystemClock(m_mainDispatcher))
     , m_settings(platform::makeSystemSettings(m_folders->configDirectory()))
     , m_random(platform::makeSystemRandomSource())
-    , m_queues(platform::makeSystemQueues())
+    , m_queues(platform::makeSystemQueues(m_mainDispatcher))
     , m_systemLog(platform::makeSystemLog())
+    , m_http(platform::makeSystemHttp(httpCacheFolder(*m_folders)))
+    , m_deviceRegistry(platform::makeSystemDeviceRegistry())
     , m_inputSources(std::make_unique<platform::InputSources>())
     , m_desktop(platform::makeSystemDesktop())
 {
@@ -32,8 +41,12 @@ SystemServices::SystemServices()
     services.desktop = m_desktop.get();
     services.reachability = &m_reachability;
     services.systemLog = m_systemLog.get();
+    services.mainDispatcher = &m_mainDispatcher;
+    services.http = m_http.get();
+    services.keyring = &m_keyring;
+    services.deviceRegistry = m_deviceRegistry.get();
     platform::installServices(services);
-    // Needs the clock to be installed.
+    // Needs the clock and the queues to be installed.
     m_inputSources = platform::makeSystemInputSources();
     services.inputSources = m_inputSources.get();
     platform::installServices(services);
@@ -44,9 +57,16 @@ SystemServices::~SystemServices()
     platform::installServices({});
 }
 
-bool SystemServices::finish()
+void SystemServices::endAlerts()
 {
     m_alerts.end();
+}
+
+bool SystemServices::finish()
+{
+    endAlerts();
     m_settings->synchronize();
-    return m_queues->finish(patienceAtTheEnd);
+    // First the network, as background tasks wait for it.
+    const bool hasNetworkEnded = m_http->finish();
+    return m_queues->finish(patienceAtTheEnd) && hasNetworkEnded;
 }

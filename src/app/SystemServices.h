@@ -11,19 +11,25 @@ public:
     SystemServices();
     ~SystemServices();
 
-    /** The end of everything that runs beside the main thread. Whether all of it has ended. */
+    /** Gives the alert that stands, and all later ones, their first button. */
+    void endAlerts();
+    /** Ends everything that runs beside the main thread. Whether all of it has ended. */
     bool finish();
 
 private:
+    platform::MainDispatcher m_mainDispatcher;
     std::unique_ptr<platform::Folders> m_folders;
     std::unique_ptr<platform::Clock> m_clock;
     std::unique_ptr<platform::Settings> m_settings;
     std::unique_ptr<platform::RandomSource> m_random;
     std::unique_ptr<platform::Queues> m_queues;
     std::unique_ptr<platform::SystemLog> m_systemLog;
+    std::unique_ptr<platform::Http> m_http;
+    std::unique_ptr<platform::DeviceRegistry> m_deviceRegistry;
+    platform::Keyring m_keyring;
     platform::Reachability m_reachability;
     platform::DesktopBrowser m_browser;
-    platform::AlertDialogs m_alerts;
+    platform::AlertDialogs m_alerts{m_mainDispatcher};
     std::unique_ptr<platform::InputSources> m_inputSources;
     std::unique_ptr<platform::Desktop> m_desktop;
 };

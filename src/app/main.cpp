@@ -25,13 +25,12 @@ int run(Application &application, SystemServices &services, SingleInstance &inst
     if (AppDelegate::vocabularyFolderPath().isEmpty())
         return 1; // The user has been told that there is nowhere to keep anything.
     application.setShouldTerminate([&delegate] { return delegate.applicationShouldTerminate(); });
-    application.quitOnSignals();
     delegate.applicationWillFinishLaunching();
     Program &program = composition.makeProgram();
     program.awakeFromNib();
     QObject::connect(&instance, &SingleInstance::startedAgain, &program, &Program::reopen);
     delegate.applicationDidFinishLaunching(QStringLiteral("ApplicationDidFinishLaunching"));
-    const int result = Application::exec();
+    const int result = application.run();
     delegate.applicationWillTerminate();
     if (!services.finish()) {
         // What still runs in the background must not meet a half destroyed program.
@@ -59,5 +58,7 @@ int main(int argc, char **argv)
         return 1;
     }
 
+    QObject::connect(&application, &Application::ending, &application, [&services] { services.endAlerts(); });
+    application.quitOnSignals();
     return run(application, services, instance);
 }

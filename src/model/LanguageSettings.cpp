@@ -3,9 +3,6 @@
 #include "app/ground/AppGround.h"
 #include "platform/Texts.h"
 
-#include <QCoreApplication>
-#include <QThread>
-
 namespace {
 
 /** Leaves the live source as it is if the one of that id isn't installed here. */
@@ -18,12 +15,6 @@ void findSource(const QList<platform::InputSourceRef> &sources, const QString &s
             return;
         }
     }
-}
-
-bool isMainThread()
-{
-    const QCoreApplication *application = QCoreApplication::instance();
-    return !application || application->thread() == QThread::currentThread();
 }
 
 } // namespace
@@ -52,12 +43,16 @@ void LanguageSettings::setForeignTextInputSourceId(const std::optional<QString> 
 void LanguageSettings::setLanguageFields(const LanguageFields &fields)
 {
     m_fields = fields;
-    const QString yourId = fields.yourTextInputSourceId.value_or(QString());
-    const QString foreignId = fields.foreignTextInputSourceId.value_or(QString());
-    // The keyboard belongs to the main thread; nobody types into what the sync reads in the background.
-    if ((yourId.isEmpty() && foreignId.isEmpty()) || !isMainThread())
+    resolveInputSources();
+}
+
+void LanguageSettings::resolveInputSources()
+{
+    const QString yourId = m_fields.yourTextInputSourceId.value_or(QString());
+    const QString foreignId = m_fields.foreignTextInputSourceId.value_or(QString());
+    if (yourId.isEmpty() && foreignId.isEmpty())
         return;
-    const QList<platform::InputSourceRef> sources = AppGround::allInputSources(false);
+    const QList<platform::InputSourceRef> sources = AppGround::selectableInputSources(false);
     findSource(sources, yourId, m_yourTextInputSource);
     findSource(sources, foreignId, m_foreignTextInputSource);
 }

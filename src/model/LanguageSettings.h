@@ -52,6 +52,8 @@ public:
     void setYourTextInputSourceId(const std::optional<QString> &sourceId);
     std::optional<QString> foreignTextInputSourceId() const { return m_fields.foreignTextInputSourceId; }
     void setForeignTextInputSourceId(const std::optional<QString> &sourceId);
+    /** Looks both ids up again. One that isn't installed here leaves its source as it is. Any thread. */
+    void resolveInputSources();
     platform::InputSourceRef yourTextInputSource() const { return m_yourTextInputSource; }
     platform::InputSourceRef foreignTextInputSource() const { return m_foreignTextInputSource; }
     bool isAutoSelectInputSource() const { return m_fields.isAutoSelectInputSource; }
@@ -63,7 +65,7 @@ public:
 
 protected:
     const LanguageFields &languageFields() const { return m_fields; }
-    /** Also finds the live sources, except in the background. */
+    /** Also finds the live sources. */
     void setLanguageFields(const LanguageFields &fields);
 
 private:

@@ -15,14 +15,18 @@ struct Alert
     QString additionalLine = {};
 };
 
-/** Modal alerts. The only nested event loop of the program; while one stands, the clock is held. */
+/**
+ * Modal alerts. The only nested event loop of the program; while one stands, the program's own calls to the
+ * main thread wait, see MainDispatcher.
+ */
 class Alerts
 {
 public:
     virtual ~Alerts() = default;
     /**
-     * Shows the alert and waits. Gives the index of the chosen button, 0 when it was dismissed or the program
-     * is ending. May be called from any thread; a background thread waits for the main thread's answer.
+     * Shows the alert and waits. Returns the index of the chosen button, 0 when it was dismissed or the
+     * program is ending. May be called from any thread; a background thread waits for the main thread's
+     * answer.
      */
     virtual int show(const Alert &alert) = 0;
 };

@@ -1,12 +1,10 @@
 #include "platform/Clock.h"
 
-#include "platform/MainInbox.h"
+#include "platform/MainDispatcher.h"
 
 #include <QPointer>
 #include <QThread>
 #include <QTimer>
-
-#include <deque>
 
 namespace platform {
 
@@ -14,13 +12,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/** What is called at a due time; lives on while it is being called, even if that call ends its timer. */
-struct Call
-{
-    std::function<void()> run;
-    bool isAlive = true;
-    bool waits = false;
-};
+using Call = MainDispatcher::Call;
 
 class RunningTimer : public Timer
 {
@@ -47,6 +39,11 @@ private:
 class SystemClock : public Clock
 {
 public:
+    explicit SystemClock(MainDispatcher &dispatcher)
+        : m_dispatcher(dispatcher)
+    {
+    }
+
     QDateTime now() const override { return systemTime(); }
     QTimeZone timeZone() const override { return QTimeZone::systemTimeZone(); }
 
@@ -57,70 +54,27 @@ public:
         auto *timer = new QTimer(&m_root);
         timer->setTimerType(Qt::PreciseTimer);
         timer->setSingleShot(!repeats);
-        QObject::connect(timer, &QTimer::timeout, &m_root, [this, call] { fallDue(call); });
+        QObject::connect(timer, &QTimer::timeout, &m_root, [this, call] { m_dispatcher.fallDue(call); });
         timer->start(std::max(interval, milliseconds(0)));
         return std::make_unique<RunningTimer>(timer, call);
     }
 
     void callAfter(milliseconds delay, QObject *context, std::function<void()> function) override
     {
-        auto guarded = [hasContext = context != nullptr, guard = QPointer<QObject>(context),
-                        run = std::move(function)] {
-            if (!hasContext || guard)
-                run();
-        };
-        const auto call = std::make_shared<Call>(Call{std::move(guarded)});
-        const auto arm = [this, delay, call] {
+        const auto call = std::make_shared<Call>(Call{unlessGone(context, std::move(function))});
+        auto arm = [this, delay, call] {
             QTimer::singleShot(std::max(delay, milliseconds(0)), Qt::PreciseTimer, &m_root,
-                               [this, call] { fallDue(call); });
+                               [this, call] { m_dispatcher.fallDue(call); });
         };
         if (QThread::currentThread() == m_root.thread())
             arm();
         else
-            m_root.post(arm);
-    }
-
-    void hold() override { ++m_holds; }
-    void release() override
-    {
-        if (--m_holds == 0)
-            runWaitingLater();
+            m_dispatcher.postPastGate(unlessGone(&m_root, std::move(arm)));
     }
 
 private:
-    void fallDue(const std::shared_ptr<Call> &call)
-    {
-        if (m_holds == 0 && m_waiting.empty()) {
-            if (call->isAlive)
-                call->run();
-        } else if (!call->waits) {
-            // However often a repeating timer fell due meanwhile, it fires once.
-            call->waits = true;
-            m_waiting.push_back(call);
-        }
-    }
-
-    void runWaitingLater()
-    {
-        QMetaObject::invokeMethod(
-            &m_root, [this] { runWaiting(); }, Qt::QueuedConnection);
-    }
-
-    void runWaiting()
-    {
-        // A call that shows an alert holds the clock again; the rest then waits for the next release.
-        while (m_holds == 0 && !m_waiting.empty()) {
-            const std::shared_ptr<Call> call = m_waiting.front();
-            m_waiting.pop_front();
-            call->waits = false;
-            if (call->isAlive)
-                call->run();
-        }
-    }
-
-    MainInbox m_root;
-    int m_holds = 0;
-    std::deque<std::shared_ptr<Call>> m_waiting;
+    MainDispatcher &m_dispatcher;
+    QObject m_root;
 };
 
 } // namespace
@@ -135,9 +89,9 @@ qint64 secondsSince1970(const Clock &clock)
     return clock.now().toSecsSinceEpoch();
 }
 
-std::unique_ptr<Clock> makeSystemClock()
+std::unique_ptr<Clock> makeSystemClock(MainDispatcher &dispatcher)
 {
-    return std::make_unique<SystemClock>();
+    return std::make_unique<SystemClock>(dispatcher);
 }
 
 } // namespace platform

@@ -11,6 +11,8 @@ class QObject;
 
 namespace platform {
 
+class MainDispatcher;
+
 /** A running timer. Destroying it invalidates it: nothing is called afterwards. */
 class Timer
 {
@@ -23,7 +25,8 @@ public:
 
 /**
  * The time, timers and delayed calls of the program. Nothing else uses QTimer or the system time, so that a
- * test can set and advance the time. Timers belong to the main thread; now() and timeZone() to any.
+ * test can set and advance the time. Timers belong to the main thread and wait while a modal alert stands;
+ * now(), timeZone() and callAfter() may be called from any thread.
  */
 class Clock
 {
@@ -40,10 +43,6 @@ public:
                                                             std::function<void()> fire) = 0;
     /** Calls once after the delay on the main thread, unless the context was destroyed before. */
     virtual void callAfter(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) = 0;
-
-    /** Holds all timers and delayed calls while a modal alert stands; what fell due runs after release(). */
-    virtual void hold() = 0;
-    virtual void release() = 0;
 };
 
 /** The machine's time, in UTC, for what must not depend on an installed clock, like the stamps of log lines.
@@ -53,6 +52,7 @@ QDateTime systemTime();
 /** Whole seconds from 1970-01-01 00:00:00 UTC to now. */
 qint64 secondsSince1970(const Clock &clock);
 
-std::unique_ptr<Clock> makeSystemClock();
+/** To be made on the main thread; the dispatcher outlives it. */
+std::unique_ptr<Clock> makeSystemClock(MainDispatcher &dispatcher);
 
 } // namespace platform

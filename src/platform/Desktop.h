@@ -23,7 +23,8 @@ public:
     virtual void raiseAboveAll(quintptr windowId) { Q_UNUSED(windowId) }
     /** Whether raiseAboveAll() and a window's position can be relied on here. */
     virtual bool canRaiseAboveAll() const { return false; }
-    /** Tells the user something; chosen runs on the main thread if the user clicks it. */
+    /** Shows the user a message; chosen runs on the main thread, not under an alert, once the user clicks it.
+     */
     virtual void notify(const QString &title, const QString &text, std::function<void()> chosen)
     {
         Q_UNUSED(title)

@@ -1,8 +1,8 @@
 #include "platform/Queues.h"
 
-#include "platform/MainInbox.h"
+#include "platform/MainDispatcher.h"
 
-#include <QPointer>
+#include <QTimer>
 
 #include <condition_variable>
 #include <deque>
@@ -16,7 +16,7 @@ namespace platform {
 namespace {
 
 /** More than there are processors, as background tasks mostly wait for the network. */
-constexpr int maximumThreadCount = 16;
+constexpr int maxThreadCount = 16;
 
 void nameThisThread(const QString &name)
 {
@@ -112,7 +112,7 @@ public:
             return;
         m_tasks.push_back(std::move(task));
         m_changed.notify_all();
-        if (m_idleCount < int(m_tasks.size()) && m_threadCount < maximumThreadCount) {
+        if (m_idleCount < int(m_tasks.size()) && m_threadCount < maxThreadCount) {
             ++m_threadCount;
             std::thread([pool = shared_from_this()] { pool->work(); }).detach();
         }
@@ -160,17 +160,25 @@ private:
 class SystemQueues : public Queues
 {
 public:
+    explicit SystemQueues(MainDispatcher &dispatcher)
+        : m_dispatcher(dispatcher)
+    {
+    }
     ~SystemQueues() override { m_pool->finish(std::chrono::milliseconds(0)); }
 
     void mainAsync(QObject *context, Task task) override
     {
-        m_main.post(
-            [hasContext = context != nullptr, guard = QPointer<QObject>(context), run = std::move(task)] {
-                if (!hasContext || guard)
-                    run();
-            });
+        m_dispatcher.post(unlessGone(context, std::move(task)));
     }
     void globalAsync(Task task) override { m_pool->run(std::move(task)); }
+    void globalAsyncAfter(std::chrono::milliseconds delay, Task task) override
+    {
+        // The main thread's event loop has the timers; the task itself never comes near it.
+        m_dispatcher.postPastGate(unlessGone(&m_root, [this, delay, run = std::move(task)] {
+            QTimer::singleShot(std::max(delay, std::chrono::milliseconds(0)), &m_root,
+                               [this, run] { m_pool->run(run); });
+        }));
+    }
     std::unique_ptr<SerialQueue> makeSerialQueue(const QString &label) override
     {
         return makeSystemSerialQueue(label);
@@ -178,7 +186,8 @@ public:
     bool finish(std::chrono::milliseconds patience) override { return m_pool->finish(patience); }
 
 private:
-    MainInbox m_main;
+    MainDispatcher &m_dispatcher;
+    QObject m_root;
     std::shared_ptr<BackgroundPool> m_pool = std::make_shared<BackgroundPool>();
 };
 
@@ -189,9 +198,9 @@ QString currentQueueLabel()
     return currentQueue ? currentQueue->label() : QString();
 }
 
-std::unique_ptr<Queues> makeSystemQueues()
+std::unique_ptr<Queues> makeSystemQueues(MainDispatcher &dispatcher)
 {
-    return std::make_unique<SystemQueues>();
+    return std::make_unique<SystemQueues>(dispatcher);
 }
 
 std::unique_ptr<SerialQueue> makeSystemSerialQueue(const QString &label)

@@ -4,8 +4,12 @@
 #include "platform/Browser.h"
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
+#include "platform/DeviceRegistry.h"
 #include "platform/Folders.h"
+#include "platform/Http.h"
 #include "platform/InputSources.h"
+#include "platform/Keyring.h"
+#include "platform/MainDispatcher.h"
 #include "platform/Queues.h"
 #include "platform/RandomSource.h"
 #include "platform/Reachability.h"
@@ -28,6 +32,10 @@ struct Services
     Desktop *desktop = nullptr;
     Reachability *reachability = nullptr;
     SystemLog *systemLog = nullptr;
+    MainDispatcher *mainDispatcher = nullptr;
+    Http *http = nullptr;
+    Keyring *keyring = nullptr;
+    DeviceRegistry *deviceRegistry = nullptr;
 };
 
 /**

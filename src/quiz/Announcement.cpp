@@ -3,15 +3,12 @@
 #include "DeployerValues.h"
 #include "platform/Services.h"
 
-#include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QJsonDocument>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QPointer>
 #include <QUuid>
 
 #include <cmath>
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -31,28 +28,8 @@ bool take(const QJsonValue &value, qint64 &number)
     return true;
 }
 
-/** Empty if anything goes wrong. */
-QByteArray read(const QUrl &address, const announcement::Bounds &bounds)
-{
-    QNetworkAccessManager network;
-    QNetworkRequest request(address);
-    request.setTransferTimeout(bounds.silenceMs);
-    request.setMaximumRedirectsAllowed(3);
-    const std::unique_ptr<QNetworkReply> reply(network.get(request));
-    reply->setReadBufferSize(bounds.largestAnswer + 1);
-    const QDeadlineTimer patience(bounds.patienceMs);
-    QByteArray answer;
-    QEventLoop loop;
-    QObject::connect(reply.get(), &QNetworkReply::readyRead, &loop, [&] {
-        answer += reply->read(bounds.largestAnswer + 1 - answer.size());
-        if (answer.size() > bounds.largestAnswer || patience.hasExpired())
-            reply->abort();
-    });
-    QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    if (!reply->isFinished())
-        loop.exec();
-    return reply->error() == QNetworkReply::NoError ? answer : QByteArray();
-}
+/** It holds a few texts. */
+constexpr platform::HttpLimits limits{64 * 1024, 10s, 20s};
 
 } // namespace
 
@@ -86,21 +63,15 @@ QUrl announcement::address()
     return QUrl(QLatin1String("https://") + host + QLatin1String("/messages/message.json"), QUrl::StrictMode);
 }
 
-void announcement::fetch(const QUrl &address, QObject *context,
-                         std::function<void(const QJsonObject &)> taken, const Bounds &bounds)
+std::unique_ptr<platform::HttpCall> announcement::fetch(const QUrl &address,
+                                                        std::function<void(const QJsonObject &)> taken)
 {
     if (!address.isValid() || address.isEmpty())
-        return;
-    platform::Queues *queues = platform::services().queues;
-    // Made here, as the context may be gone by the time the answer is there.
-    const auto guard = std::make_shared<QPointer<QObject>>(context);
-    queues->globalAsync([queues, address, guard, taken = std::move(taken), bounds] {
-        const QJsonDocument document = QJsonDocument::fromJson(read(address, bounds));
-        if (!document.isObject())
-            return;
-        queues->mainAsync(nullptr, [guard, taken, dictionary = document.object()] {
-            if (*guard)
-                taken(dictionary);
-        });
-    });
+        return nullptr;
+    const auto take = [taken = std::move(taken)](const platform::HttpResponse &response) {
+        const QJsonDocument document = QJsonDocument::fromJson(response.body);
+        if (response.isSuccess() && document.isObject())
+            taken(document.object());
+    };
+    return platform::services().http->send({.url = address, .limits = limits}, take);
 }

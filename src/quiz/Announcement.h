@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QByteArray>
+#include "platform/Http.h"
+
 #include <QJsonObject>
 #include <QString>
 #include <QUrl>
 
 #include <functional>
 #include <optional>
-
-class QObject;
 
 /** A message of the maker to all users, as it stands on the announcement server. */
 struct Announcement
@@ -39,21 +38,12 @@ namespace announcement {
 /** The address on the deployer's server; empty without a server. */
 QUrl address();
 
-/** How much is listened to a server. */
-struct Bounds
-{
-    qint64 largestAnswer = 64 * 1024; // bytes
-    /** Without a byte for so long, the server is given up. */
-    int silenceMs = 10000;
-    /** However busily the server sends, it is not listened to any longer. */
-    int patienceMs = 20000;
-};
-
 /**
- * Reads the announcement in the background and hands it over on the main thread, unless the context was
+ * Reads the announcement in the background and hands it over on the main thread, unless the call was
  * destroyed before. Whatever goes wrong, taken is never called: too large, too slow, no map at the top.
+ * Returns null for an empty address.
  */
-void fetch(const QUrl &address, QObject *context, std::function<void(const QJsonObject &)> taken,
-           const Bounds &bounds = {});
+[[nodiscard]] std::unique_ptr<platform::HttpCall> fetch(const QUrl &address,
+                                                        std::function<void(const QJsonObject &)> taken);
 
 } // namespace announcement

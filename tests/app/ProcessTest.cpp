@@ -79,6 +79,30 @@ TEST_F(ProcessTest, ASecondStartHandsOverToTheFirst)
     EXPECT_FALSE(QFileInfo::exists(services.directory.filePath(u"tavimo.socket"_qs)));
 }
 
+TEST_F(ProcessTest, ARequestToEndUnderAnAlertOfTheStartEndsItInGoodOrder)
+{
+    QDir().mkpath(services.directory.filePath(u"Tavimo/Vocabularies"_qs));
+    QFile broken(services.directory.filePath(u"Tavimo/Vocabularies/Broken - English.tavv"_qs));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("no vocabulary");
+    broken.close();
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        auto process = start();
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return QFileInfo::exists(services.directory.filePath(u"tavimo.socket"_qs)); },
+            patienceInMs));
+        // Before the last step of the start, only an alert has an event loop that answers.
+        EXPECT_EQ(exitCode(*start()), 0);
+        QByteArray output = process->readAllStandardError();
+        EXPECT_FALSE(output.contains("didFinishLaunching")) << "no alert stood";
+        ::kill(pid_t(process->processId()), signal);
+        EXPECT_EQ(exitCode(*process), 0) << signal;
+        output += process->readAllStandardError();
+        EXPECT_TRUE(output.contains("didFinishLaunching")) << "the start comes to its end first";
+        EXPECT_FALSE(QFileInfo::exists(services.directory.filePath(u"tavimo.socket"_qs)));
+    }
+}
+
 TEST_F(ProcessTest, OfManyStartsAtOnceOneRuns)
 {
     std::array<std::unique_ptr<QProcess>, 4> processes;

@@ -137,6 +137,18 @@ TEST_F(ProgramTest, TheQuizPageFollowsTheSelectionAndTheSync)
     EXPECT_TRUE(program.quizSetup().preSelectedWords().isEmpty());
 }
 
+TEST_F(ProgramTest, TheKeyboardsSourcesMayComeAfterTheVocabulary)
+{
+    const auto vocabulary = std::make_shared<TAVLexicon>();
+    vocabulary->setForeignTextInputSourceId(u"de"_qs);
+    program.mainWindowController().vocabularyController()->setVocabulary(vocabulary);
+    EXPECT_EQ(vocabulary->foreignTextInputSource(), nullptr);
+    const auto source = services.inputSources.add(u"de"_qs);
+    services.inputSources.reportListChanged();
+    services.queues.drain();
+    EXPECT_EQ(vocabulary->foreignTextInputSource(), source);
+}
+
 TEST_F(ProgramTest, OnlyTheMainWindowsCloseEndsTheProgram)
 {
     QApplication::setQuitOnLastWindowClosed(false);

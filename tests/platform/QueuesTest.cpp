@@ -1,4 +1,5 @@
 #include "platform/Queues.h"
+#include "platform/MainDispatcher.h"
 
 #include "support/WaitUntil.h"
 
@@ -15,7 +16,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-TEST(QueuesTest, serialQueueRunsInOrderAndItsEndWaitsForTheRest)
+class QueuesTest : public ::testing::Test
+{
+protected:
+    platform::MainDispatcher dispatcher;
+};
+
+TEST_F(QueuesTest, serialQueueRunsInOrderAndItsEndWaitsForTheRest)
 {
     std::vector<int> order;
     QString labelInside;
@@ -37,9 +44,9 @@ TEST(QueuesTest, serialQueueRunsInOrderAndItsEndWaitsForTheRest)
     EXPECT_EQ(platform::currentQueueLabel(), QString());
 }
 
-TEST(QueuesTest, mainTasksRunLaterOnTheMainThreadInOrder)
+TEST_F(QueuesTest, mainTasksRunLaterOnTheMainThreadInOrder)
 {
-    const auto queues = platform::makeSystemQueues();
+    const auto queues = platform::makeSystemQueues(dispatcher);
     QStringList noted;
     QThread *const main = QThread::currentThread();
     auto context = std::make_unique<QObject>();
@@ -61,9 +68,9 @@ TEST(QueuesTest, mainTasksRunLaterOnTheMainThreadInOrder)
     EXPECT_EQ(noted.join(u','), QStringLiteral("with context,on main,last"));
 }
 
-TEST(QueuesTest, blockedBackgroundTasksHoldUpNeitherOthersNorTheEnd)
+TEST_F(QueuesTest, blockedBackgroundTasksHoldUpNeitherOthersNorTheEnd)
 {
-    auto queues = platform::makeSystemQueues();
+    auto queues = platform::makeSystemQueues(dispatcher);
     const auto mayEnd = std::make_shared<std::promise<void>>();
     const auto gate = mayEnd->get_future().share();
     const auto blocked = std::make_shared<std::atomic<int>>(0);
@@ -88,9 +95,9 @@ TEST(QueuesTest, blockedBackgroundTasksHoldUpNeitherOthersNorTheEnd)
     EXPECT_EQ(*lateRuns, 0);
 }
 
-TEST(QueuesTest, finishWaitsForWhatEndsInTime)
+TEST_F(QueuesTest, finishWaitsForWhatEndsInTime)
 {
-    const auto queues = platform::makeSystemQueues();
+    const auto queues = platform::makeSystemQueues(dispatcher);
     std::atomic<bool> hasEnded = false;
     std::promise<void> started;
     queues->globalAsync([&] {

@@ -4,39 +4,8 @@
 #include "support/TestServices.h"
 
 #include <QJsonDocument>
-#include <QTcpServer>
-#include <QTcpSocket>
 
 namespace {
-
-/** Answers each request with the given bytes; keeps the line open if it is told to. */
-class SmallServer : public QTcpServer
-{
-public:
-    SmallServer(const QByteArray &answer, bool ends)
-        : m_answer(answer)
-        , m_ends(ends)
-    {
-        listen(QHostAddress::LocalHost);
-        connect(this, &QTcpServer::newConnection, this, [this] {
-            QTcpSocket *socket = nextPendingConnection();
-            connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
-                socket->readAll();
-                socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + m_answer);
-                if (m_ends)
-                    socket->disconnectFromHost();
-            });
-        });
-    }
-    QUrl address() const
-    {
-        return QUrl(QStringLiteral("http://127.0.0.1:%1/messages/message.json").arg(serverPort()));
-    }
-
-private:
-    QByteArray m_answer;
-    bool m_ends;
-};
 
 using AnnouncementTest = ServicesTest;
 
@@ -76,41 +45,32 @@ TEST_F(AnnouncementTest, IsDueWithinItsTimeBothEndsIncluded)
 
 TEST_F(AnnouncementTest, AServerCanGiveAnAnnouncementAndNothingElse)
 {
+    using platform::HttpError;
+    const QUrl address(QStringLiteral("https://example.org/messages/message.json"));
     const QByteArray good = QJsonDocument(wholeAnnouncement()).toJson();
-    const struct
-    {
-        const char *name;
-        QByteArray answer;
-        bool ends;
-        bool isTaken;
-    } cases[] = {
-        {"an announcement", good, true, true},
-        {"a list", "[1, 2]", true, false},
-        {"no JSON", "<html>", true, false},
-        {"nothing", "", true, false},
-        {"too much", good + QByteArray(50 * 1024 * 1024, ' '), true, false},
-        {"an answer that never ends", good, false, false},
+    const std::pair<platform::HttpResponse, bool> cases[] = {
+        {{.status = 200, .body = good}, true},      {{.status = 200, .body = "[1, 2]"}, false},
+        {{.status = 200, .body = "<html>"}, false}, {{.status = 200}, false},
+        {{.status = 404, .body = good}, false},     {{.error = HttpError::network}, false},
     };
-    for (const auto &[name, answer, ends, isTaken] : cases) {
-        const SmallServer server(answer, ends);
-        QObject context;
+    for (const auto &[response, isTaken] : cases) {
+        services.http.answerNext(response);
         int taken = 0;
-        announcement::fetch(server.address(), &context, [&taken](const QJsonObject &) { ++taken; },
-                            {64 * 1024, 300, 1000});
+        const auto call = announcement::fetch(address, [&taken](const QJsonObject &) { ++taken; });
+        EXPECT_EQ(taken, 0) << "only from the event loop";
         services.queues.drain();
-        EXPECT_EQ(taken, int(isTaken)) << name;
+        EXPECT_EQ(taken, int(isTaken)) << response.status << response.body.constData();
     }
-}
+    EXPECT_EQ(services.http.requests.constLast().url, address);
+    EXPECT_LE(services.http.requests.constLast().limits.maxAnswerBytes, 1024 * 1024);
 
-TEST_F(AnnouncementTest, NobodyIsToldWhoIsGone)
-{
-    const SmallServer server(QJsonDocument(wholeAnnouncement()).toJson(), true);
-    auto context = std::make_unique<QObject>();
-    bool taken = false;
-    announcement::fetch(server.address(), context.get(), [&taken](const QJsonObject &) { taken = true; });
-    context.reset();
+    // Nobody is told who is gone, and without a server nobody is asked.
+    services.http.answerNext({.status = 200, .body = good});
+    announcement::fetch(address, [](const QJsonObject &) { ADD_FAILURE() << "gone"; }).reset();
     services.queues.drain();
-    EXPECT_FALSE(taken);
+    const qsizetype before = services.http.requests.size();
+    EXPECT_EQ(announcement::fetch(QUrl(), [](const QJsonObject &) {}), nullptr);
+    EXPECT_EQ(services.http.requests.size(), before);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "StorageTest.h"
 
+#include <thread>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -223,6 +225,10 @@ TEST_F(TavvTest, inputSourcesAreFoundByTheirIds)
     const TAVLexiconRef other = loadJson(R"({"foreignTextInputSourceName":"it"})");
     EXPECT_EQ(other->foreignTextInputSource(), italian);
     EXPECT_FALSE(other->yourTextInputSource());
+
+    TAVLexiconRef readInBackground;
+    std::thread([&] { readInBackground = loadJson(R"({"foreignTextInputSourceName":"us"})"); }).join();
+    EXPECT_EQ(readInBackground->foreignTextInputSource(), source);
 }
 
 TEST_F(TavvTest, readsWhatItCanOfTheWrongShape)

@@ -3,73 +3,117 @@
 #include "app/ground/AppGround.h"
 #include "platform/DiagnosticLog.h"
 
+#include <future>
+
 using namespace std::chrono;
+using Call = platform::MainDispatcher::Call;
 
 class TestClock::Handle : public platform::Timer
 {
 public:
-    Handle(TestClock &clock, quint64 id)
+    Handle(TestClock &clock, quint64 id, std::shared_ptr<Call> call)
         : m_clock(clock)
         , m_id(id)
+        , m_call(std::move(call))
         , m_alive(clock.m_alive)
     {
     }
     ~Handle() override
     {
+        m_call->isAlive = false;
         if (m_alive.expired())
             return;
-        auto &entries = m_clock.m_entries;
-        for (auto it = entries.begin(); it != entries.end();)
-            it = it->first.second == m_id ? entries.erase(it) : std::next(it);
+        const std::lock_guard lock(m_clock.m_mutex);
+        std::erase_if(m_clock.m_entries, [this](const auto &entry) { return entry.first.second == m_id; });
     }
 
 private:
     TestClock &m_clock;
     quint64 m_id;
+    std::shared_ptr<Call> m_call;
     std::weak_ptr<bool> m_alive;
 };
 
-TestClock::TestClock()
-    : m_now(QDateTime(QDate(2026, 11, 18), QTime(9, 0), Qt::UTC))
+TestClock::TestClock(platform::MainDispatcher &dispatcher)
+    : m_dispatcher(dispatcher)
     , m_timeZone(QTimeZone::utc())
+    , m_now(QDateTime(QDate(2026, 11, 18), QTime(9, 0), Qt::UTC))
 {
 }
 
-quint64 TestClock::add(milliseconds delay, Entry entry)
+QDateTime TestClock::now() const
 {
+    const std::lock_guard lock(m_mutex);
+    return m_now;
+}
+
+void TestClock::setNow(const QDateTime &now)
+{
+    const std::lock_guard lock(m_mutex);
+    m_now = now.toUTC();
+}
+
+int TestClock::pendingCount() const
+{
+    const std::lock_guard lock(m_mutex);
+    return int(m_entries.size());
+}
+
+quint64 TestClock::add(Entry entry)
+{
+    const std::lock_guard lock(m_mutex);
     const quint64 id = m_nextId++;
-    m_entries.emplace(std::pair(m_now.toMSecsSinceEpoch() + qint64(delay.count()), id), std::move(entry));
+    const qint64 due = m_now.toMSecsSinceEpoch() + qint64(entry.interval.count());
+    m_entries.emplace(std::pair(due, id), std::move(entry));
     return id;
 }
 
 std::unique_ptr<platform::Timer> TestClock::startTimer(milliseconds interval, bool repeats,
                                                        std::function<void()> fire)
 {
-    const quint64 id = add(interval, {std::move(fire), interval, repeats, false, {}});
-    return std::make_unique<Handle>(*this, id);
+    const auto call = std::make_shared<Call>(Call{std::move(fire)});
+    const quint64 id = add({call, interval, repeats});
+    return std::make_unique<Handle>(*this, id, call);
 }
 
 void TestClock::callAfter(milliseconds delay, QObject *context, std::function<void()> call)
 {
-    add(delay, {std::move(call), delay, false, context != nullptr, context});
+    add({std::make_shared<Call>(Call{platform::unlessGone(context, std::move(call))}), delay});
+}
+
+void TestClock::callAfterInBackground(milliseconds delay, std::function<void()> call)
+{
+    add({std::make_shared<Call>(Call{std::move(call)}), delay, false, true});
+}
+
+std::optional<TestClock::Entry> TestClock::takeDue(qint64 end)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_entries.empty() || m_entries.begin()->first.first > end)
+        return std::nullopt;
+    const auto [due, id] = m_entries.begin()->first;
+    const Entry entry = std::move(m_entries.begin()->second);
+    m_entries.erase(m_entries.begin());
+    m_now = QDateTime::fromMSecsSinceEpoch(std::max(due, m_now.toMSecsSinceEpoch()), Qt::UTC);
+    if (entry.repeats) {
+        const qint64 next = due + std::max<qint64>(1, entry.interval.count());
+        m_entries.emplace(std::pair(next, id), entry);
+    }
+    return entry;
 }
 
 void TestClock::advance(milliseconds span)
 {
-    const qint64 end = m_now.toMSecsSinceEpoch() + qint64(span.count());
-    while (!m_entries.empty() && m_entries.begin()->first.first <= end) {
-        const auto [due, id] = m_entries.begin()->first;
-        Entry entry = std::move(m_entries.begin()->second);
-        m_entries.erase(m_entries.begin());
-        m_now = QDateTime::fromMSecsSinceEpoch(std::max(due, m_now.toMSecsSinceEpoch()), Qt::UTC);
-        if (entry.repeats) {
-            const qint64 next = due + std::max<qint64>(1, entry.interval.count());
-            m_entries.emplace(std::pair(next, id), entry);
-        }
-        if (!entry.hasContext || entry.context)
-            entry.call();
+    m_dispatcher.runWaiting();
+    const qint64 end = now().toMSecsSinceEpoch() + qint64(span.count());
+    while (const std::optional<Entry> entry = takeDue(end)) {
+        if (entry->isInBackground)
+            entry->call->run();
+        else
+            m_dispatcher.fallDue(entry->call);
+        m_dispatcher.runWaiting();
     }
-    m_now = QDateTime::fromMSecsSinceEpoch(end, Qt::UTC);
+    setNow(QDateTime::fromMSecsSinceEpoch(end, Qt::UTC));
 }
 
 void TestClock::advanceSeconds(double seconds)
@@ -79,23 +123,44 @@ void TestClock::advanceSeconds(double seconds)
 
 QVariant TestSettings::value(const QString &key) const
 {
+    const std::lock_guard lock(m_mutex);
     const auto found = m_values.constFind(key);
     return found != m_values.constEnd() ? *found : m_defaults.value(key);
 }
 
 void TestSettings::setValue(const QString &key, const QVariant &value)
 {
+    const std::lock_guard lock(m_mutex);
     m_values.insert(key, value);
     writtenKeys.append(key);
 }
 
+void TestSettings::remove(const QString &key)
+{
+    const std::lock_guard lock(m_mutex);
+    m_values.remove(key);
+}
+
 void TestSettings::registerDefaults(const QVariantMap &defaults)
 {
+    const std::lock_guard lock(m_mutex);
     m_defaults.insert(defaults);
+}
+
+QVariant TestSettings::registeredDefault(const QString &key) const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_defaults.value(key);
 }
 
 int TestAlerts::show(const platform::Alert &alert)
 {
+    if (QThread::currentThread() != m_mainThread) {
+        std::promise<int> answer;
+        m_dispatcher.postPastGate([&] { answer.set_value(show(alert)); });
+        return answer.get_future().get();
+    }
+    const platform::ClosedGate gate(m_dispatcher);
     shown.append(alert);
     if (const auto happens = std::exchange(whileShown, {}))
         happens();
@@ -148,15 +213,18 @@ private:
 
 void TestQueues::mainAsync(QObject *context, platform::Task task)
 {
-    m_tasks.push_back([hasContext = context != nullptr, guard = QPointer<QObject>(context), task] {
-        if (!hasContext || guard)
-            task();
-    });
+    const auto call = std::make_shared<Call>(Call{platform::unlessGone(context, std::move(task))});
+    m_tasks.push_back([this, call] { m_dispatcher.fallDue(call); });
 }
 
 void TestQueues::globalAsync(platform::Task task)
 {
     m_tasks.push_back(std::move(task));
+}
+
+void TestQueues::globalAsyncAfter(milliseconds delay, platform::Task task)
+{
+    m_clock.callAfterInBackground(delay, [this, run = std::move(task)] { globalAsync(run); });
 }
 
 std::unique_ptr<platform::SerialQueue> TestQueues::makeSerialQueue(const QString &label)
@@ -166,10 +234,12 @@ std::unique_ptr<platform::SerialQueue> TestQueues::makeSerialQueue(const QString
 
 void TestQueues::drain()
 {
+    m_dispatcher.runWaiting();
     while (!m_tasks.empty()) {
         const platform::Task task = std::move(m_tasks.front());
         m_tasks.pop_front();
         task();
+        m_dispatcher.runWaiting();
     }
 }
 
@@ -216,7 +286,8 @@ TestServices::TestServices()
     , m_previous(platform::services())
 {
     platform::installServices({&clock, &settings, &random, &queues, &alerts, &folders, &browser,
-                               &inputSources, &desktop, &reachability, &systemLog});
+                               &inputSources, &desktop, &reachability, &systemLog, &mainDispatcher, &http,
+                               &keyring, &deviceRegistry});
     platform::setDiagnosticLogListener([this](const QString &line) { diagnosticLines.append(line); });
     AppGround::resetForTest();
 }

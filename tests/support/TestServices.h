@@ -2,54 +2,62 @@
 
 #include "platform/OrderedSet.h"
 #include "platform/Services.h"
+#include "support/TestHttp.h"
+#include "support/TestKeyring.h"
 
 #include <QHash>
-#include <QPointer>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
+#include <mutex>
 
-/** Time stands still until a test advances it; what falls due on the way runs in order. */
+/**
+ * Time stands still until a test advances it; what falls due on the way runs in order, unless an alert
+ * stands. What waited for the end of an alert runs first.
+ */
 class TestClock : public platform::Clock
 {
 public:
-    TestClock();
-    QDateTime now() const override { return m_now; }
+    explicit TestClock(platform::MainDispatcher &dispatcher);
+    QDateTime now() const override;
     QTimeZone timeZone() const override { return m_timeZone; }
     std::unique_ptr<platform::Timer> startTimer(std::chrono::milliseconds interval, bool repeats,
                                                 std::function<void()> fire) override;
     void callAfter(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) override;
-    void hold() override { ++m_holds; }
-    void release() override { --m_holds; }
+    /** For the queues' delayed tasks, which no alert holds. */
+    void callAfterInBackground(std::chrono::milliseconds delay, std::function<void()> call);
 
-    void setNow(const QDateTime &now) { m_now = now.toUTC(); }
+    void setNow(const QDateTime &now);
     void setTimeZone(const QTimeZone &zone) { m_timeZone = zone; }
     void advance(std::chrono::milliseconds span);
     void advanceSeconds(double seconds);
-    /** Timers and delayed calls that wait. */
-    int pendingCount() const { return int(m_entries.size()); }
-    bool isHeld() const { return m_holds > 0; }
+    /** Timers and delayed calls that are not due yet. */
+    int pendingCount() const;
 
 private:
     struct Entry
     {
-        std::function<void()> call;
+        std::shared_ptr<platform::MainDispatcher::Call> call;
         std::chrono::milliseconds interval;
         bool repeats = false;
-        bool hasContext = false;
-        QPointer<QObject> context;
+        bool isInBackground = false;
     };
     class Handle;
-    quint64 add(std::chrono::milliseconds delay, Entry entry);
+    quint64 add(Entry entry);
+    /** What is due next up to that moment, which becomes the present. */
+    std::optional<Entry> takeDue(qint64 end);
 
-    QDateTime m_now;
+    platform::MainDispatcher &m_dispatcher;
     QTimeZone m_timeZone;
+    mutable std::mutex m_mutex;
+    // Guarded by the mutex
+    QDateTime m_now;
     quint64 m_nextId = 1;
-    int m_holds = 0;
     /** By due time, then by order of arming. */
     std::map<std::pair<qint64, quint64>, Entry> m_entries;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
@@ -60,9 +68,9 @@ class TestSettings : public platform::Settings
 public:
     QVariant value(const QString &key) const override;
     void setValue(const QString &key, const QVariant &value) override;
-    void remove(const QString &key) override { m_values.remove(key); }
+    void remove(const QString &key) override;
     void registerDefaults(const QVariantMap &defaults) override;
-    QVariant registeredDefault(const QString &key) const override { return m_defaults.value(key); }
+    QVariant registeredDefault(const QString &key) const override;
     void synchronize() override { ++synchronizeCount; }
 
     const QHash<QString, QVariant> &stored() const { return m_values; }
@@ -71,6 +79,7 @@ public:
     QStringList writtenKeys;
 
 private:
+    mutable std::mutex m_mutex;
     QHash<QString, QVariant> m_values;
     QVariantMap m_defaults;
 };
@@ -79,6 +88,11 @@ private:
 class TestAlerts : public platform::Alerts
 {
 public:
+    explicit TestAlerts(platform::MainDispatcher &dispatcher)
+        : m_dispatcher(dispatcher)
+    {
+    }
+    /** As in the program, a background thread waits until the main thread's event loop has come to it. */
     int show(const platform::Alert &alert) override;
     void answerNext(int button) { m_answers.push_back(button); }
     QList<platform::Alert> shown;
@@ -86,6 +100,8 @@ public:
     std::function<void()> whileShown;
 
 private:
+    platform::MainDispatcher &m_dispatcher;
+    QThread *const m_mainThread = QThread::currentThread();
     std::deque<int> m_answers;
 };
 
@@ -98,17 +114,28 @@ public:
     quint64 state = 88172645463325252ULL;
 };
 
-/** Background tasks and queued calls wait until the test drains them, on the calling thread. */
+/**
+ * Background tasks and queued calls wait until the test drains them, on the calling thread. Delayed ones wait
+ * for the clock first.
+ */
 class TestQueues : public platform::Queues
 {
 public:
+    TestQueues(platform::MainDispatcher &dispatcher, TestClock &clock)
+        : m_dispatcher(dispatcher)
+        , m_clock(clock)
+    {
+    }
     void mainAsync(QObject *context, platform::Task task) override;
     void globalAsync(platform::Task task) override;
+    void globalAsyncAfter(std::chrono::milliseconds delay, platform::Task task) override;
     std::unique_ptr<platform::SerialQueue> makeSerialQueue(const QString &label) override;
-    /** Runs everything that waits, also what is added meanwhile. */
+    /** Runs everything that waits, also what is added meanwhile; under an alert, only what is background. */
     void drain();
 
 private:
+    platform::MainDispatcher &m_dispatcher;
+    TestClock &m_clock;
     std::deque<platform::Task> m_tasks;
 };
 
@@ -146,6 +173,7 @@ public:
     platform::InputSourceRef currentKeyboardLayoutInputSource() override { return current; }
     void selectInputSource(const platform::InputSourceRef &source) override;
     platform::InputSourceRef add(const QString &id, bool isSelectCapable = true);
+    using platform::InputSources::reportListChanged;
     QList<platform::InputSourceRef> sources;
     platform::InputSourceRef current;
     QStringList selected;
@@ -174,6 +202,13 @@ public:
     QList<std::pair<platform::SystemLogLevel, QString>> lines;
 };
 
+class TestDeviceRegistry : public platform::DeviceRegistry
+{
+public:
+    QString deviceName() const override { return name; }
+    QString name = QStringLiteral("0123456789abcdef0123456789abcdef");
+};
+
 /** Installs substitutes for all services, with folders of their own, for the life of one test. */
 class TestServices
 {
@@ -182,17 +217,21 @@ public:
     ~TestServices();
 
     QTemporaryDir directory;
-    TestClock clock;
+    platform::MainDispatcher mainDispatcher;
+    TestClock clock{mainDispatcher};
     TestSettings settings;
-    TestAlerts alerts;
+    TestAlerts alerts{mainDispatcher};
     TestRandom random;
-    TestQueues queues;
+    TestQueues queues{mainDispatcher, clock};
     TestFolders folders;
     TestBrowser browser;
     TestInputSources inputSources;
     TestDesktop desktop;
     platform::Reachability reachability;
     TestSystemLog systemLog;
+    TestHttp http;
+    TestKeyring keyring;
+    TestDeviceRegistry deviceRegistry;
     QStringList diagnosticLines;
 
 private:

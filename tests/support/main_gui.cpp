@@ -1,4 +1,5 @@
 #include "platform/Texts.h"
+#include "support/SanitizerOptions.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>

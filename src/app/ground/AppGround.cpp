@@ -204,15 +204,14 @@ QString AppGround::nameWithoutRegion(const QString &localeDisplayName)
     return localeDisplayName.left(cut).trimmed();
 }
 
-QList<platform::InputSourceRef> AppGround::allInputSources(bool includeAllInstalled)
+QList<platform::InputSourceRef> AppGround::selectableInputSources(bool includeAllInstalled)
 {
     platform::InputSources &inputSources = *platform::services().inputSources;
     QList<platform::InputSourceRef> offered = inputSources.createInputSourceList(false);
     if (includeAllInstalled)
         offered = inputSources.createInputSourceList(true);
 
-    QList<platform::InputSourceRef> &selectable = state().inputSources;
-    selectable.clear();
+    QList<platform::InputSourceRef> selectable;
     for (const platform::InputSourceRef &source : std::as_const(offered)) {
         if (source && source->isSelectCapable)
             selectable.append(source);
@@ -220,6 +219,11 @@ QList<platform::InputSourceRef> AppGround::allInputSources(bool includeAllInstal
     if (offered.isEmpty())
         platform::diagnosticLog(QStringLiteral("AppDelegate > allInputSources > NO SOURCES"));
     return selectable;
+}
+
+QList<platform::InputSourceRef> AppGround::allInputSources(bool includeAllInstalled)
+{
+    return state().inputSources = selectableInputSources(includeAllInstalled);
 }
 
 QStringList AppGround::namesForInputSources(const QList<platform::InputSourceRef> &sources)

@@ -52,7 +52,9 @@ public:
     /** The name up to its first opening parenthesis, trimmed. */
     static QString nameWithoutRegion(const QString &localeDisplayName);
 
-    /** The selectable input sources; the list is remembered for namesForInputSources(). */
+    /** The selectable input sources as they are known now. Any thread. */
+    static QList<platform::InputSourceRef> selectableInputSources(bool includeAllInstalled);
+    /** The same for the main thread; the list is remembered for namesForInputSources(). */
     static QList<platform::InputSourceRef> allInputSources(bool includeAllInstalled);
     /**
      * Names of the sources that allInputSources() returned last, whatever the given list holds: as many as it

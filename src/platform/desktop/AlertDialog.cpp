@@ -12,11 +12,11 @@ namespace {
 
 constexpr int textWidth = 400;
 /** More than any of our own texts; a name out of a damaged file can be of any length. */
-constexpr qsizetype longestText = 1200;
+constexpr qsizetype maxTextLength = 1200;
 
 QString shortened(const QString &text)
 {
-    return text.size() <= longestText ? text : text.left(longestText) + QChar(0x2026);
+    return text.size() <= maxTextLength ? text : text.left(maxTextLength) + QChar(0x2026);
 }
 
 } // namespace

@@ -1,12 +1,13 @@
 #include "platform/desktop/AlertDialogs.h"
 
-#include "platform/Services.h"
 #include "platform/desktop/AlertDialog.h"
 
 #include <QApplication>
 #include <QEventLoop>
 #include <QThread>
 #include <QWindow>
+
+#include <optional>
 
 namespace platform {
 
@@ -18,9 +19,14 @@ struct AlertDialogs::Request
     int button = 0;
     /** The loop in which the main thread waits; null for a background thread. */
     QEventLoop *loop = nullptr;
+    /** While the alert of a background thread is on the screen. Main thread only. */
+    std::optional<ClosedGate> gate;
 };
 
-AlertDialogs::AlertDialogs() = default;
+AlertDialogs::AlertDialogs(MainDispatcher &dispatcher)
+    : m_dispatcher(dispatcher)
+{
+}
 
 AlertDialogs::~AlertDialogs()
 {
@@ -48,6 +54,9 @@ int AlertDialogs::show(const Alert &alert)
 
 int AlertDialogs::waitOnMainThread(const std::shared_ptr<Request> &request)
 {
+    // Closed until the loop has been left: a call that ran in its last turn would come between the answer and
+    // the operation that waits for it.
+    const ClosedGate gate(m_dispatcher);
     QEventLoop loop;
     {
         const std::lock_guard lock(m_mutex);
@@ -72,7 +81,8 @@ void AlertDialogs::showNext()
         m_current = m_waiting.front();
         m_waiting.pop_front();
     }
-    clock().hold();
+    if (!m_current->loop)
+        m_current->gate.emplace(m_dispatcher);
     auto *dialog = new AlertDialog(m_current->alert);
     m_dialog = dialog;
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -107,9 +117,9 @@ void AlertDialogs::answer(const std::shared_ptr<Request> &request, int button)
     m_current.reset();
     if (QDialog *dialog = m_dialog; dialog && dialog->isVisible())
         dialog->close();
-    // In this order, so that no timer slips in between two alerts.
+    // In this order, so that no call slips in between two alerts.
     showNext();
-    clock().release();
+    request->gate.reset();
 }
 
 void AlertDialogs::end()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Alerts.h"
+#include "platform/MainDispatcher.h"
 
 #include <QObject>
 #include <QPointer>
@@ -15,15 +16,16 @@ class QDialog;
 namespace platform {
 
 /**
- * Alerts as modal dialogs, one at a time in the order in which they were asked for. Belongs to the main
- * thread; show() may be called from any.
+ * Alerts as modal dialogs, one at a time in the order in which they were asked for; the dispatcher's gate is
+ * closed meanwhile. Belongs to the main thread; show() may be called from any.
  */
 class AlertDialogs : public QObject, public Alerts
 {
     Q_OBJECT
 
 public:
-    AlertDialogs();
+    /** The dispatcher outlives this object. */
+    explicit AlertDialogs(MainDispatcher &dispatcher);
     ~AlertDialogs() override;
 
     int show(const Alert &alert) override;
@@ -40,6 +42,7 @@ private:
     void showNext();
     void answer(const std::shared_ptr<Request> &request, int button);
 
+    MainDispatcher &m_dispatcher;
     std::mutex m_mutex;
     std::condition_variable m_answered;
     std::deque<std::shared_ptr<Request>> m_waiting;

@@ -1,249 +1,146 @@
 #include "platform/desktop/IBusInputSources.h"
 
-#include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 
-#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
-#include <QDBusVariant>
-#include <QFile>
-#include <QLocalSocket>
-#include <QSysInfo>
-
-#include <unistd.h>
 
 namespace platform {
 
 namespace {
 
-/** A daemon that lives answers within a few milliseconds. */
-constexpr int patienceInMs = 300;
-constexpr int silenceInSeconds = 30;
-
-const QString daemonService = QStringLiteral("org.freedesktop.IBus");
-const QString daemonPath = QStringLiteral("/org/freedesktop/IBus");
-const QString daemonInterface = QStringLiteral("org.freedesktop.IBus");
-const QString idPrefix = QStringLiteral("ibus:");
-
-/** What of DISPLAY or WAYLAND_DISPLAY stands in the name of the daemon's address file. */
-QString displayPartOfFileName()
-{
-    const QString wayland = qEnvironmentVariable("WAYLAND_DISPLAY");
-    if (!wayland.isEmpty())
-        return QLatin1String("unix-") + wayland;
-    const QString display = qEnvironmentVariable("DISPLAY");
-    const QString host = display.section(u':', 0, 0);
-    const QString number = display.section(u':', 1).section(u'.', 0, 0);
-    return (host.isEmpty() ? QStringLiteral("unix") : host) + u'-' +
-           (number.isEmpty() ? QStringLiteral("0") : number);
-}
-
-QString valueOfField(const QString &address, const QString &field)
-{
-    // Only the first of several addresses is used; each is "unix:field=value,field=value".
-    const QString fields = address.section(u';', 0, 0).section(u':', 1);
-    for (const QString &pair : fields.split(u',')) {
-        if (pair.startsWith(field + u'='))
-            return QString::fromUtf8(QByteArray::fromPercentEncoding(pair.mid(field.size() + 1).toUtf8()));
-    }
-    return {};
-}
-
-/**
- * Whether someone answers at the address. Opening a bus waits for half a minute when its daemon hangs, and
- * blocks all other buses of the program meanwhile, so the greeting is tried by hand first.
- */
-bool answersInTime(const QString &address)
-{
-    if (!address.startsWith(QLatin1String("unix:")))
-        return false;
-    QLocalSocket socket;
-    QString path = valueOfField(address, QStringLiteral("path"));
-    if (path.isEmpty()) {
-        path = valueOfField(address, QStringLiteral("abstract"));
-        socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
-    }
-    if (path.isEmpty())
-        return false;
-    socket.connectToServer(path);
-    if (!socket.waitForConnected(patienceInMs))
-        return false;
-    socket.write(QByteArray(1, '\0') + "AUTH EXTERNAL " + QByteArray::number(getuid()).toHex() + "\r\n");
-    return socket.waitForReadyRead(patienceInMs) && socket.readAll().startsWith("OK");
-}
-
-QVariant unwrapped(const QVariant &value)
-{
-    return value.canConvert<QDBusVariant>() ? unwrapped(value.value<QDBusVariant>().variant()) : value;
-}
-
-/** An engine comes as a structure: its type's name, attachments, then name, long name and more. */
-InputSourceRef engineFromVariant(const QVariant &value)
-{
-    const QVariant inner = unwrapped(value);
-    if (!inner.canConvert<QDBusArgument>())
-        return nullptr;
-    const auto argument = inner.value<QDBusArgument>();
-    if (!argument.currentSignature().startsWith(QLatin1String("(sa{sv}ss")))
-        return nullptr;
-    QString type;
-    QVariantMap attachments;
-    QString name;
-    QString longName;
-    argument.beginStructure();
-    argument >> type >> attachments >> name >> longName;
-    argument.endStructure();
-    if (name.isEmpty())
-        return nullptr;
-    return std::make_shared<const InputSource>(
-        InputSource{idPrefix + name, longName.isEmpty() ? name : longName, true});
-}
-
-QList<InputSourceRef> enginesFromVariant(const QVariant &value)
-{
-    QList<InputSourceRef> engines;
-    const QVariant inner = unwrapped(value);
-    if (!inner.canConvert<QDBusArgument>())
-        return engines;
-    const auto argument = inner.value<QDBusArgument>();
-    if (argument.currentSignature() != QLatin1String("av"))
-        return engines;
-    argument.beginArray();
-    while (!argument.atEnd()) {
-        QDBusVariant element;
-        argument >> element;
-        if (const InputSourceRef engine = engineFromVariant(element.variant()))
-            engines.append(engine);
-    }
-    argument.endArray();
-    return engines;
-}
-
-QDBusMessage daemonCall(const QString &method, const QVariantList &arguments)
-{
-    QDBusMessage message = QDBusMessage::createMethodCall(daemonService, daemonPath, daemonInterface, method);
-    message.setArguments(arguments);
-    return message;
-}
+/** A daemon that was restarted needs a moment until it is back. */
+constexpr std::chrono::seconds timeToRestart{2};
 
 } // namespace
 
-QString ibusAddress()
+struct IBusInputSources::Known
 {
-    const QString fromEnvironment = qEnvironmentVariable("IBUS_ADDRESS");
-    if (!fromEnvironment.isEmpty())
-        return fromEnvironment;
-    QString config = qEnvironmentVariable("XDG_CONFIG_HOME");
-    if (config.isEmpty())
-        config = qEnvironmentVariable("HOME") + QLatin1String("/.config");
-    QFile file(QLatin1String("%1/ibus/bus/%2-%3")
-                   .arg(config, QString::fromLatin1(QSysInfo::machineUniqueId()), displayPartOfFileName()));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray key("IBUS_ADDRESS=");
-    for (const QByteArray &line : file.read(64 * 1024).split('\n')) {
-        if (line.startsWith(key))
-            return QString::fromUtf8(line.mid(key.size()).trimmed());
+    IBusDaemon daemon;
+    mutable std::mutex mutex;
+    // Guarded by the mutex
+    IBusEngines engines;
+    bool isRefreshing = false;
+    bool isRefreshWanted = false;
+
+    /** In the background. Whether the lists have changed. */
+    bool fetch()
+    {
+        bool hasChanged = false;
+        for (;;) {
+            const IBusEngines fetched = daemon.engines().value_or(IBusEngines{});
+            const std::lock_guard lock(mutex);
+            hasChanged |= !isSameList(fetched.enabled, engines.enabled) ||
+                          !isSameList(fetched.installed, engines.installed);
+            engines = fetched;
+            isRefreshing = std::exchange(isRefreshWanted, false);
+            if (!isRefreshing)
+                return hasChanged;
+        }
     }
-    return {};
-}
+};
 
 IBusInputSources::IBusInputSources()
-    : m_connectionName(QStringLiteral("tavimo-ibus-%1").arg(quintptr(this), 0, 16))
+    : m_known(std::make_shared<Known>())
 {
+    refresh();
 }
 
-IBusInputSources::~IBusInputSources()
-{
-    disconnectFromDaemon();
-}
+IBusInputSources::~IBusInputSources() = default;
 
-bool IBusInputSources::connectToDaemon()
+void IBusInputSources::refresh()
 {
-    if (m_bus && m_bus->isConnected())
-        return true;
-    disconnectFromDaemon();
-    if (m_silentUntil.isValid() && clock().now() < m_silentUntil)
-        return false;
-    const QString address = ibusAddress();
-    if (!address.isEmpty() && answersInTime(address))
-        m_bus = QDBusConnection::connectToBus(address, m_connectionName);
-    if (m_bus && m_bus->isConnected())
-        return true;
-    m_silentUntil = clock().now().addSecs(silenceInSeconds);
-    return false;
-}
-
-void IBusInputSources::disconnectFromDaemon()
-{
-    if (!m_bus)
-        return;
-    m_bus.reset();
-    QDBusConnection::disconnectFromBus(m_connectionName);
-}
-
-std::optional<QVariant> IBusInputSources::call(const QDBusMessage &message)
-{
-    if (!connectToDaemon())
-        return std::nullopt;
-    const QDBusMessage reply = m_bus->call(message, QDBus::Block, patienceInMs);
-    if (reply.type() == QDBusMessage::ReplyMessage)
-        return reply.arguments().value(0);
-    const auto error = QDBusError(reply).type();
-    if (error == QDBusError::NoReply || error == QDBusError::Timeout || error == QDBusError::TimedOut) {
-        diagnosticLog(QLatin1String("InputSources > ibus > no answer to %1").arg(message.member()));
-        m_silentUntil = clock().now().addSecs(silenceInSeconds);
-        disconnectFromDaemon();
+    {
+        const std::lock_guard lock(m_known->mutex);
+        if (m_known->isRefreshing) {
+            m_known->isRefreshWanted = true;
+            return;
+        }
+        m_known->isRefreshing = true;
     }
-    return std::nullopt;
+    Queues *queues = services().queues;
+    MainDispatcher *dispatcher = services().mainDispatcher;
+    queues->globalAsync([known = m_known, dispatcher, self = QPointer<IBusInputSources>(this)] {
+        const bool hasChanged = known->fetch();
+        dispatcher->postPastGate([self, hasChanged] {
+            if (!self)
+                return;
+            self->listenToDaemon();
+            if (hasChanged)
+                self->reportListChanged();
+        });
+    });
 }
 
-std::optional<QVariant> IBusInputSources::property(const QString &name)
+void IBusInputSources::listenToDaemon()
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        daemonService, daemonPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    message.setArguments({daemonInterface, name});
-    return call(message);
+    // In this order: what connects meanwhile is noticed the next time.
+    const int connection = m_known->daemon.connectionCount();
+    auto bus = m_known->daemon.bus();
+    if (!bus || connection == m_connectionListenedTo)
+        return;
+    m_connectionListenedTo = connection;
+    // Without the sender's name, as finding out who owns it would wait for the daemon.
+    const QString path = QStringLiteral("/org/freedesktop/IBus");
+    const QString daemon = QStringLiteral("org.freedesktop.IBus");
+    const QString config = QStringLiteral("org.freedesktop.IBus.Config");
+    bus->connect({}, path, daemon, QStringLiteral("RegistryChanged"), this, SLOT(refresh()));
+    bus->connect({}, path, daemon, QStringLiteral("GlobalEngineChanged"), this,
+                 SLOT(globalEngineChanged(QString)));
+    bus->connect({}, path + QLatin1String("/Config"), config, QStringLiteral("ValueChanged"), this,
+                 SLOT(configurationChanged(QString, QString)));
+    bus->connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
+                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                 SLOT(daemonLeft()));
 }
 
-QStringList IBusInputSources::enabledEngineNames()
+void IBusInputSources::globalEngineChanged(const QString &name)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.IBus.Config"), QStringLiteral("/org/freedesktop/IBus/Config"),
-        QStringLiteral("org.freedesktop.IBus.Config"), QStringLiteral("GetValue"));
-    message.setArguments({QStringLiteral("general"), QStringLiteral("preload-engines")});
-    const std::optional<QVariant> value = call(message);
-    if (!value)
-        return {};
-    return unwrapped(*value).toStringList();
+    const std::lock_guard lock(m_known->mutex);
+    m_known->engines.current = IBusDaemon::engineNamed(name, m_known->engines.installed);
 }
 
-int IBusInputSources::enabledCount()
+void IBusInputSources::configurationChanged(const QString &section, const QString &name)
 {
-    return int(enabledEngineNames().size());
+    if (section == QLatin1String("general") && name == QLatin1String("preload-engines"))
+        refresh();
+}
+
+void IBusInputSources::daemonLeft()
+{
+    clock().callAfter(timeToRestart, this, [this] { refresh(); });
 }
 
 QList<InputSourceRef> IBusInputSources::createInputSourceList(bool includeAllInstalled)
 {
-    const QStringList enabled = includeAllInstalled ? QStringList{} : enabledEngineNames();
-    const auto engines = enabled.isEmpty() ? property(QStringLiteral("Engines"))
-                                           : call(daemonCall(QStringLiteral("GetEnginesByNames"), {enabled}));
-    return engines ? enginesFromVariant(*engines) : QList<InputSourceRef>{};
+    const bool mayBeBack = !m_known->daemon.bus() && m_known->daemon.isWorthAsking();
+    const std::lock_guard lock(m_known->mutex);
+    if (mayBeBack && !m_known->isRefreshing)
+        services().mainDispatcher->postPastGate(unlessGone(this, [this] { refresh(); }));
+    return includeAllInstalled ? m_known->engines.installed : m_known->engines.enabled;
+}
+
+int IBusInputSources::enabledCount() const
+{
+    const std::lock_guard lock(m_known->mutex);
+    return m_known->engines.enabledCount;
 }
 
 InputSourceRef IBusInputSources::currentKeyboardLayoutInputSource()
 {
-    const auto engine = property(QStringLiteral("GlobalEngine"));
-    return engine ? engineFromVariant(*engine) : nullptr;
+    const std::lock_guard lock(m_known->mutex);
+    return m_known->engines.current;
 }
 
 void IBusInputSources::selectInputSource(const InputSourceRef &source)
 {
-    if (!source || !source->id.startsWith(idPrefix) || !connectToDaemon())
+    const auto bus = m_known->daemon.bus();
+    if (!bus || !source || !source->id.startsWith(QLatin1String("ibus:")))
         return;
     // Starting an engine can take the daemon a while; nobody needs to wait for it.
-    m_bus->asyncCall(daemonCall(QStringLiteral("SetGlobalEngine"), {source->id.mid(idPrefix.size())}));
+    bus->asyncCall(IBusDaemon::switchTo(source));
+    const std::lock_guard lock(m_known->mutex);
+    m_known->engines.current = source;
 }
 
 } // namespace platform

@@ -1,24 +1,22 @@
 #pragma once
 
-#include "platform/InputSources.h"
+#include "platform/desktop/IBusDaemon.h"
 
-#include <QDBusConnection>
-#include <QDateTime>
-#include <QStringList>
+#include <QObject>
 
-#include <optional>
-
-class QDBusMessage;
+#include <memory>
 
 namespace platform {
 
 /**
- * The engines of the IBus daemon, over its own bus. A source's id is "ibus:" and the engine's name. The
- * daemon may be missing, may hang or may come back: no call waits longer than a moment, and one that failed
- * is not tried again for a while.
+ * The engines of the IBus daemon. A source's id is "ibus:" and the engine's name. The lists are fetched in
+ * the background: at the start, when the daemon reports a change, and when they are asked for while there is
+ * no daemon. Belongs to the main thread; the lists may be read from any.
  */
-class IBusInputSources : public InputSources
+class IBusInputSources : public QObject, public InputSources
 {
+    Q_OBJECT
+
 public:
     IBusInputSources();
     ~IBusInputSources() override;
@@ -29,22 +27,24 @@ public:
     InputSourceRef currentKeyboardLayoutInputSource() override;
     void selectInputSource(const InputSourceRef &source) override;
 
-    /** How many engines the user has enabled; 0 if the daemon doesn't tell. */
-    int enabledCount();
+    /** How many engines the user has enabled; 0 if the daemon doesn't tell. Any thread. */
+    int enabledCount() const;
+
+private Q_SLOTS:
+    void refresh();
+    void globalEngineChanged(const QString &name);
+    void configurationChanged(const QString &section, const QString &name);
+    void daemonLeft();
 
 private:
-    bool connectToDaemon();
-    void disconnectFromDaemon();
-    std::optional<QVariant> call(const QDBusMessage &message);
-    std::optional<QVariant> property(const QString &name);
-    QStringList enabledEngineNames();
+    struct Known;
 
-    QString m_connectionName;
-    std::optional<QDBusConnection> m_bus;
-    QDateTime m_silentUntil;
+    void listenToDaemon();
+
+    /** Outlives this object in the background task that fetches. */
+    std::shared_ptr<Known> m_known;
+    /** The number of the connection whose reports come in. */
+    int m_connectionListenedTo = 0;
 };
-
-/** The address at which the daemon of this session listens; empty if there is none. */
-QString ibusAddress();
 
 } // namespace platform

@@ -1,5 +1,7 @@
 #include "platform/desktop/Notifications.h"
 
+#include "platform/Services.h"
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -69,9 +71,8 @@ void Notifications::actionInvoked(quint32 id, const QString &action)
 {
     if (id != m_id || action != QLatin1String("default") || !m_chosen)
         return;
-    // The call may show the next notification, which replaces the function that runs.
-    const auto chosen = std::exchange(m_chosen, nullptr);
-    chosen();
+    // Through the gate, as the user may click while an alert stands.
+    services().queues->mainAsync(this, std::exchange(m_chosen, nullptr));
 }
 
 void Notifications::activationToken(quint32 id, const QString &token)

@@ -1,6 +1,7 @@
 #include "platform/desktop/SingleInstance.h"
 
 #include "platform/DiagnosticLog.h"
+#include "platform/Services.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -19,7 +20,7 @@ namespace {
 
 const QByteArray callWord = QByteArrayLiteral("reopen ");
 const QByteArray answerWord = QByteArrayLiteral("ok\n");
-constexpr qint64 longestCall = 4096;
+constexpr qint64 maxCallBytes = 4096;
 /** Between two tries while the first process is just starting or ending. */
 constexpr int pauseInMs = 50;
 
@@ -83,7 +84,7 @@ bool SingleInstance::callFirst(int patienceInMs)
     QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
     if (token.isEmpty())
         token = qgetenv("DESKTOP_STARTUP_ID");
-    socket.write(callWord + token.left(longestCall / 2).replace('\n', ' ') + '\n');
+    socket.write(callWord + token.left(maxCallBytes / 2).replace('\n', ' ') + '\n');
     return socket.waitForReadyRead(patienceInMs) && socket.readAll().startsWith(answerWord);
 }
 
@@ -110,20 +111,19 @@ void SingleInstance::acceptCall()
 void SingleInstance::readCall(QLocalSocket *socket)
 {
     if (!socket->canReadLine()) {
-        if (socket->bytesAvailable() >= longestCall)
+        if (socket->bytesAvailable() >= maxCallBytes)
             socket->abort();
         return;
     }
-    const QByteArray line = socket->readLine(longestCall).trimmed();
-    const bool isCall = (line + ' ').startsWith(callWord);
-    if (isCall) {
+    const QByteArray line = socket->readLine(maxCallBytes).trimmed();
+    if ((line + ' ').startsWith(callWord)) {
+        // Answered at once, whatever this program is showing: the caller waits for it.
         socket->write(answerWord);
         socket->flush();
+        services().queues->mainAsync(
+            this, [this, token = line.mid(callWord.size())] { Q_EMIT startedAgain(token); });
     }
     socket->disconnectFromServer();
-    // Last, as the receiver may show an alert: the caller would give up meanwhile, and the socket be gone.
-    if (isCall)
-        Q_EMIT startedAgain(line.mid(callWord.size()));
 }
 
 } // namespace platform

@@ -33,11 +33,13 @@ public:
     explicit SingleInstance(const QString &folder);
     ~SingleInstance() override;
 
-    /** Finds out the role; waits at most so long for another process to answer. */
+    /** Finds out the role; waits at most this long for another process to answer. */
     Role start(std::chrono::milliseconds patience);
 
 Q_SIGNALS:
-    /** The program was started once more; with the token, if any, by which its window may come to the front.
+    /**
+     * The program was started once more; with the token, if any, by which its window may come to the front.
+     * While an alert stands, this waits; the other process doesn't.
      */
     void startedAgain(const QByteArray &activationToken);
 

@@ -1,6 +1,9 @@
 #include "platform/desktop/XkbInputSources.h"
 
+#include "platform/Services.h"
 #include "platform/desktop/X11.h"
+
+#include <QCoreApplication>
 
 #include <clocale>
 #include <libintl.h>
@@ -15,6 +18,8 @@ namespace platform {
 namespace {
 
 constexpr xcb_xkb_device_spec_t coreKeyboard = XCB_XKB_ID_USE_CORE_KBD;
+/** In which the desktop notes at the root window what it has set. */
+constexpr const char *rulesProperty = "_XKB_RULES_NAMES";
 
 /** The layout's name in the user's language; the descriptions of all layouts come with their translations. */
 QString localizedLayoutName(const QByteArray &description)
@@ -34,7 +39,7 @@ struct Layouts
 Layouts layoutsInUse(xcb_connection_t *connection)
 {
     const QList<QByteArray> fields =
-        x11::bytes(connection, x11::rootWindow(connection), "_XKB_RULES_NAMES").split('\0');
+        x11::bytes(connection, x11::rootWindow(connection), rulesProperty).split('\0');
     return {QString::fromUtf8(fields.value(2)), QString::fromUtf8(fields.value(3))};
 }
 
@@ -64,6 +69,59 @@ XkbInputSources::XkbInputSources(xcb_connection_t *connection)
         connection, xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
         nullptr));
     m_isUsable = reply && reply->supported;
+    if (!m_isUsable)
+        return;
+    m_firstEvent = xcb_get_extension_data(connection, &xcb_xkb_id)->first_event;
+    m_rulesAtom = x11::atom(connection, rulesProperty);
+    refresh();
+    qApp->installNativeEventFilter(this);
+}
+
+XkbInputSources::~XkbInputSources()
+{
+    if (qApp)
+        qApp->removeNativeEventFilter(this);
+}
+
+bool XkbInputSources::nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result)
+{
+    Q_UNUSED(result)
+    if (eventType != "xcb_generic_event_t")
+        return false;
+    const auto *event = static_cast<const xcb_generic_event_t *>(message);
+    const int type = event->response_type & ~0x80;
+    if (type == m_firstEvent) {
+        const int change = static_cast<const xcb_xkb_map_notify_event_t *>(message)->xkbType;
+        if (change == XCB_XKB_NEW_KEYBOARD_NOTIFY || change == XCB_XKB_MAP_NOTIFY)
+            refreshLater();
+    } else if (type == XCB_PROPERTY_NOTIFY &&
+               static_cast<const xcb_property_notify_event_t *>(message)->atom == m_rulesAtom) {
+        refreshLater();
+    }
+    return false;
+}
+
+void XkbInputSources::refreshLater()
+{
+    // A change of the layouts comes as a handful of events.
+    if (std::exchange(m_isRefreshDue, true))
+        return;
+    services().mainDispatcher->postPastGate(unlessGone(&m_context, [this] {
+        m_isRefreshDue = false;
+        refresh();
+    }));
+}
+
+void XkbInputSources::refresh()
+{
+    const QList<InputSourceRef> sources = fetched();
+    {
+        const std::lock_guard lock(m_mutex);
+        if (isSameList(sources, m_sources))
+            return;
+        m_sources = sources;
+    }
+    reportListChanged();
 }
 
 QStringList XkbInputSources::groupNames() const
@@ -87,8 +145,12 @@ QStringList XkbInputSources::groupNames() const
 QList<InputSourceRef> XkbInputSources::createInputSourceList(bool includeAllInstalled)
 {
     Q_UNUSED(includeAllInstalled)
-    if (!m_isUsable)
-        return {};
+    const std::lock_guard lock(m_mutex);
+    return m_sources;
+}
+
+QList<InputSourceRef> XkbInputSources::fetched() const
+{
     const QStringList names = groupNames();
     const auto [layouts, variants] = layoutsInUse(m_connection);
     const QStringList ids = xkbLayoutIds(layouts, variants);
@@ -107,7 +169,7 @@ InputSourceRef XkbInputSources::currentKeyboardLayoutInputSource()
         return nullptr;
     const x11::ReplyPtr<xcb_xkb_get_state_reply_t> state(
         xcb_xkb_get_state_reply(m_connection, xcb_xkb_get_state(m_connection, coreKeyboard), nullptr));
-    return state ? createInputSourceList(false).value(state->group) : nullptr;
+    return state ? fetched().value(state->group) : nullptr;
 }
 
 void XkbInputSources::selectInputSource(const InputSourceRef &source)
@@ -115,7 +177,7 @@ void XkbInputSources::selectInputSource(const InputSourceRef &source)
     if (!source || !m_isUsable)
         return;
     // The groups may have been put in another order since the source was listed.
-    const QList<InputSourceRef> sources = createInputSourceList(false);
+    const QList<InputSourceRef> sources = fetched();
     const auto found = std::find_if(sources.begin(), sources.end(),
                                     [&](const InputSourceRef &other) { return other->id == source->id; });
     if (found == sources.end())

@@ -54,7 +54,8 @@ InfoPanels::InfoPanels(QStackedWidget *infoTabView, QStackedWidget *promptTabVie
     connect(m_prompt->promptUnhappyButton, &QPushButton::clicked, this, &InfoPanels::showFeedbackPrompt);
     connect(m_prompt->promptRateButton, &QPushButton::clicked, this, &InfoPanels::rateit);
     connect(m_prompt->promptMailButton, &QPushButton::clicked, this, &InfoPanels::sendEmail);
-    announcement::fetch(address, this, [this](const QJsonObject &dictionary) { setMessageDict(dictionary); });
+    m_fetch =
+        announcement::fetch(address, [this](const QJsonObject &dictionary) { setMessageDict(dictionary); });
 }
 
 InfoPanels::~InfoPanels() = default;

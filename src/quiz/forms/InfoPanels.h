@@ -57,4 +57,6 @@ private:
     std::unique_ptr<Ui::AnnouncementPage> m_announcement;
     std::unique_ptr<Ui::PromptPages> m_prompt;
     std::optional<QJsonObject> m_messageDict;
+    /** Under way until it has its answer. */
+    std::unique_ptr<platform::HttpCall> m_fetch;
 };

@@ -33,7 +33,7 @@ void whileWaiting(const std::function<void()> &call)
 class AlertDialogsTest : public ServicesTest
 {
 protected:
-    AlertDialogs alerts;
+    AlertDialogs alerts{services.mainDispatcher};
 };
 
 } // namespace
@@ -54,12 +54,12 @@ TEST_F(AlertDialogsTest, GivesTheChosenButtonAndHoldsTheClock)
     for (const auto &[act, expected] : cases) {
         bool wasHeld = false;
         whileWaiting([&, act = act] {
-            wasHeld = services.clock.isHeld();
+            wasHeld = services.mainDispatcher.isGateClosed();
             act();
         });
         EXPECT_EQ(alerts.show({u"Title"_qs, u"Text"_qs, {u"Yes"_qs, u"No"_qs, u"Maybe"_qs}}), expected);
         EXPECT_TRUE(wasHeld);
-        EXPECT_FALSE(services.clock.isHeld());
+        EXPECT_FALSE(services.mainDispatcher.isGateClosed());
         EXPECT_EQ(shownAlert(), nullptr);
     }
 }
@@ -81,39 +81,69 @@ TEST_F(AlertDialogsTest, ShowsWhatUsersTypedAsPlainTextOfBoundedLength)
 
 TEST_F(AlertDialogsTest, QueuesAlertsOfAllThreadsAndGivesEachItsOwnAnswer)
 {
+    const QHash<QString, int> buttons{{u"first"_qs, 0}, {u"background"_qs, 2}, {u"nested"_qs, 1}};
     std::atomic<int> fromBackground = -1;
     std::thread background;
     int fromNested = -1;
     QStringList titles;
+    // Which of the later two comes first is the threads' affair.
+    const std::function<void()> answerAll = [&] {
+        if (shownAlert()) {
+            titles.append(shownTitle());
+            click(buttons.value(titles.last(), -1));
+        }
+        if (titles.size() < buttons.size())
+            whileWaiting(answerAll);
+    };
     whileWaiting([&] {
         background = std::thread([&] {
             fromBackground = alerts.show({u"background"_qs, {}, {u"a"_qs, u"b"_qs, u"c"_qs}});
-            // The test goes on only when the thread has its answer.
-            QMetaObject::invokeMethod(
-                qApp, [] {}, Qt::QueuedConnection);
         });
-        whileWaiting([&] {
-            titles.append(shownTitle());
-            click(0);
-            titles.append(shownTitle());
-        });
-        whileWaiting([&] {
-            while (shownTitle() != u"nested"_qs)
-                QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-            click(1);
-        });
+        whileWaiting(answerAll);
         fromNested = alerts.show({u"nested"_qs, {}, {u"a"_qs, u"b"_qs}});
     });
     EXPECT_EQ(alerts.show({u"first"_qs, {}, {u"a"_qs}}), 0);
     EXPECT_EQ(fromNested, 1);
-    EXPECT_EQ(titles.first(), u"first"_qs);
-
-    ASSERT_TRUE(QTest::qWaitFor([] { return shownTitle() == u"background"_qs; }));
-    EXPECT_TRUE(services.clock.isHeld());
-    click(2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return fromBackground == 2; }, 20'000));
     background.join();
-    EXPECT_EQ(fromBackground, 2);
-    EXPECT_FALSE(services.clock.isHeld());
+    EXPECT_EQ(titles.first(), u"first"_qs);
+    EXPECT_EQ(titles.size(), buttons.size());
+}
+
+TEST_F(AlertDialogsTest, CallsToTheMainThreadWaitForAllAlertsOfAnOperation)
+{
+    const auto queues = platform::makeSystemQueues(services.mainDispatcher);
+    const auto clock = platform::makeSystemClock(services.mainDispatcher);
+    QStringList events;
+    const auto post = [&] {
+        queues->mainAsync(nullptr, [&] { events.append(u"posted"_qs); });
+        clock->callAfter(std::chrono::milliseconds(0), nullptr, [&] { events.append(u"delayed"_qs); });
+    };
+    const auto closeAlert = [&] {
+        // In a later turn than the calls fall due.
+        QTimer::singleShot(20, qApp, [&] {
+            events.append(u"answer"_qs);
+            click(0);
+        });
+    };
+    whileWaiting(post);
+    whileWaiting(closeAlert);
+    alerts.show({u"one"_qs, {}, {u"a"_qs}});
+    whileWaiting(closeAlert);
+    alerts.show({u"two"_qs, {}, {u"a"_qs}});
+    events.append(u"end"_qs);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return events.size() == 5; }));
+    EXPECT_EQ(events.join(u' '), u"answer answer end posted delayed"_qs);
+
+    // An alert of a background thread has no operation on this one, but stands before the user all the same.
+    events.clear();
+    std::thread background([&] { alerts.show({u"background"_qs, {}, {u"a"_qs}}); });
+    EXPECT_TRUE(QTest::qWaitFor([] { return shownAlert() != nullptr; }));
+    post();
+    closeAlert();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return events.size() == 3; }));
+    background.join();
+    EXPECT_EQ(events.join(u' '), u"answer posted delayed"_qs);
 }
 
 TEST_F(AlertDialogsTest, TheEndAnswersAllWithTheirFirstButton)
@@ -132,6 +162,6 @@ TEST_F(AlertDialogsTest, TheEndAnswersAllWithTheirFirstButton)
         thread.join();
     EXPECT_EQ(answered, 3);
     EXPECT_EQ(shownAlert(), nullptr);
-    EXPECT_FALSE(services.clock.isHeld());
+    EXPECT_FALSE(services.mainDispatcher.isGateClosed());
     EXPECT_EQ(alerts.show({u"late"_qs, {}, {u"a"_qs}}), 0);
 }

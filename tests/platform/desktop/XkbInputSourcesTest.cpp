@@ -29,6 +29,11 @@ protected:
             list.append(source->id);
         return list;
     }
+    /** Once the server's reports have come in. */
+    static bool becomes(XkbInputSources &sources, const QStringList &expected)
+    {
+        return QTest::qWaitFor([&] { return ids(sources) == expected; });
+    }
     static QString current(XkbInputSources &sources)
     {
         const InputSourceRef source = sources.currentKeyboardLayoutInputSource();
@@ -58,7 +63,29 @@ TEST_F(XkbInputSourcesTest, ListsTheGroupsAndSwitchesBetweenThem)
     EXPECT_EQ(current(sources), u"xkb:de"_qs) << "a layout that is not there changes nothing";
 
     // The user changes the order while the program holds on to what it listed before.
+    QObject context;
+    int changes = 0;
+    sources.setListChanged(&context, [&] { ++changes; });
     setLayouts(u"ru,us,de"_qs, u"phonetic,,"_qs);
     sources.selectInputSource(list.at(1));
     EXPECT_EQ(current(sources), u"xkb:de"_qs);
+    EXPECT_TRUE(becomes(sources, {u"xkb:ru(phonetic)"_qs, u"xkb:us"_qs, u"xkb:de"_qs}));
+    services.queues.drain();
+    EXPECT_GE(changes, 1);
+    setLayouts(u"fr"_qs, {});
+    EXPECT_TRUE(becomes(sources, {u"xkb:fr"_qs}));
+
+    // Each report counts by itself: a keymap without a note of its layouts, and a note alone.
+    ASSERT_TRUE(virtualdisplay::run(
+        u"sh"_qs, {u"-c"_qs, u"setxkbmap -layout it -print | xkbcomp -w0 - \"$DISPLAY\""_qs}));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return sources.createInputSourceList(false).value(0)->localizedName == u"Italian"_qs; }));
+    xcb_connection_t *other = xcb_connect(nullptr, nullptr);
+    const QByteArray note("evdev\0pc105\0se\0\0\0", 17);
+    xcb_change_property(other, XCB_PROP_MODE_REPLACE, platform::x11::rootWindow(other),
+                        platform::x11::atom(other, "_XKB_RULES_NAMES"), XCB_ATOM_STRING, 8,
+                        quint32(note.size()), note.constData());
+    xcb_flush(other);
+    xcb_disconnect(other);
+    EXPECT_TRUE(becomes(sources, {u"xkb:se"_qs}));
 }

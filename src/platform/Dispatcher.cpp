@@ -1,18 +1,29 @@
-#include "platform/MainInbox.h"
+#include "platform/Dispatcher.h"
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPointer>
 
 namespace platform {
 
-void MainInbox::post(std::function<void()> task)
+std::function<void()> unlessGone(QObject *context, std::function<void()> task)
+{
+    if (!context)
+        return task;
+    return [guard = QPointer<QObject>(context), run = std::move(task)] {
+        if (guard)
+            run();
+    };
+}
+
+void Dispatcher::post(std::function<void()> task)
 {
     const std::lock_guard lock(m_mutex);
     m_tasks.push_back(std::move(task));
     QCoreApplication::postEvent(this, std::make_unique<QEvent>(QEvent::User).release());
 }
 
-void MainInbox::customEvent(QEvent *)
+void Dispatcher::customEvent(QEvent *)
 {
     std::function<void()> task;
     {

@@ -8,11 +8,14 @@
 
 namespace platform {
 
+/** The task, which does nothing if the context is gone by then. Without a context it always runs. */
+std::function<void()> unlessGone(QObject *context, std::function<void()> task);
+
 /**
- * Takes tasks from any thread and runs them, one for each event, on the thread on which it was made.
+ * Takes tasks from any thread and runs them, one for each event, on the thread to which it belongs.
  * Everything is handed over under its lock, so that a thread sanitizer can follow it without seeing into Qt.
  */
-class MainInbox : public QObject
+class Dispatcher : public QObject
 {
 public:
     void post(std::function<void()> task);
