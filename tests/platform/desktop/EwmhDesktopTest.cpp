@@ -17,9 +17,12 @@ TEST_F(EwmhDesktopTest, BringsAPanelOverAnotherProgramAndGivesTheFocusBack)
         desktop->raiseAboveAll(window);
         ASSERT_TRUE(becomesActive(window));
         EXPECT_TRUE(QTest::qWaitFor([&] { return panel.isActiveWindow(); }));
-        EXPECT_EQ(root("_NET_CLIENT_LIST_STACKING").value(1), window) << "above the other program's window";
-        EXPECT_TRUE(x11::numbers(connection, window, "_NET_WM_STATE")
-                        .contains(x11::atom(connection, "_NET_WM_STATE_ABOVE")));
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return x11::numbers(connection, window, "_NET_WM_STATE")
+                .contains(x11::atom(connection, "_NET_WM_STATE_ABOVE"));
+        }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return root("_NET_CLIENT_LIST_STACKING").value(1) == window; }))
+            << "above the other program's window";
         EXPECT_EQ(desktop->frontmostApplication(), 0u) << "our own window is in front";
         panel.hide();
         desktop->activateApplication(other.window());
@@ -47,7 +50,8 @@ TEST_F(EwmhDesktopTest, FollowsTheUserToAnotherDesktop)
     ASSERT_TRUE(QTest::qWaitFor([&] { return root("_NET_CURRENT_DESKTOP").value(0) == 1; }));
 
     desktop->raiseAboveAll(window);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return x11::numbers(connection, window, "_NET_WM_DESKTOP").value(0) == 1; }));
     EXPECT_TRUE(becomesActive(window));
     EXPECT_EQ(root("_NET_CURRENT_DESKTOP").value(0), 1u) << "the panel comes to the user, not the user to it";
-    EXPECT_EQ(x11::numbers(connection, window, "_NET_WM_DESKTOP").value(0), 1u);
 }
