@@ -132,11 +132,15 @@ protected:
         ASSERT_TRUE(
             file.setFileTime(QDateTime(QDate(1990, 1, 1), QTime()), QFileDevice::FileModificationTime));
     }
-    void start()
+    void open()
     {
         hub = std::make_unique<TAVMainWindowController>(document);
         hub->awakeFromNib();
         hub->mainWindow()->show();
+    }
+    void start()
+    {
+        open();
         services.clock.advanceSeconds(1);
         processEvents();
     }
