@@ -1,5 +1,5 @@
 #include "app/Composition.h"
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "quiz/forms/SegmentControl.h"
 #include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"

@@ -1,5 +1,5 @@
 #include "app/AppDelegate.h"
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "support/GuiTest.h"
 #include "sync/DropBoxController.h"
 #include "sync/TAVSyncLog.h"

@@ -1,4 +1,4 @@
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "quiz/QuizFormsTest.h"
 #include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizResultPage.h"

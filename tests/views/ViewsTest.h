@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/ground/AppGround.h"
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "document/VocabularyDocument.h"
 #include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"
