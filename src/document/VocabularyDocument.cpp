@@ -71,11 +71,9 @@ TAVWordRef VocabularyDocument::beginAddition(TAVLexicon &vocabulary)
 
 ChangeOutcome VocabularyDocument::deleteWords(TAVLexiconRef vocabulary, const TAVWordList &words)
 {
-    // What an alert lets happen may change the caller's list.
-    const TAVWordList removed = words;
-    vocabulary->removeWords(removed);
+    vocabulary->removeWords(words);
     ChangeOutcome outcome = commit(Change::WordsDeleted, std::move(vocabulary));
-    outcome.removedWords = removed;
+    outcome.removedWords = words;
     return outcome;
 }
 

@@ -23,8 +23,7 @@ struct ChangeOutcome
  * before the rest, it calls the next piece itself. Operations work on the vocabulary that they are given,
  * which need not be the current one: a quiz and the editor keep the object that they were opened with.
  *
- * Main thread only. A save may show an alert, whose event loop can replace the current vocabulary; the given
- * one is held meanwhile.
+ * Main thread only.
  */
 class VocabularyDocument : public VocabularySource
 {

@@ -192,9 +192,7 @@ TAVWordList TAVLexicon::randomlyPick(qint64 count, quint64 level, const TAVTextS
 
 void TAVLexicon::makeDailyStatisticsSnapshot()
 {
-    // If the clock went backwards, an alert comes up, behind which these statistics may be replaced.
-    const std::shared_ptr<TAVStatistics> statistics = m_statistics;
-    statistics->addDailySnapshot(std::make_shared<TAVDailyStatisticsSnapshot>(*this));
+    m_statistics->addDailySnapshot(std::make_shared<TAVDailyStatisticsSnapshot>(*this));
 }
 
 const TagsIndex &TAVLexicon::tagsIndex() const

@@ -201,7 +201,7 @@ double TAVStatistics::percentOfLanguage(qint64 numberOfWords)
     const double x = section != std::end(sections)
                          ? double(numberOfWords - section->start) * section->slope + section->fraction
                          : 1.0;
-    // From minus pi to pi the hyperbolic tangent is an S: a middling vocabulary gains fastest.
+    // An S-shaped curve over minus pi to pi: a vocabulary of middling size gains fastest.
     const float y = std::tanh(float(x * 6.28318530718 - 3.14159265359));
     return (double(y) * 0.5 + 0.5) * 100;
 }

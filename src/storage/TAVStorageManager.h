@@ -22,7 +22,7 @@ public:
 
     /**
      * The ordinary save, after each change. Returns whether the file was written. The vocabulary is held, as
-     * the caller's own pointer may be replaced behind an alert.
+     * a failure's alert runs an event loop.
      */
     static bool saveVocabulary(TAVLexiconRef vocabulary);
     static bool saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const QString &path);

@@ -17,8 +17,8 @@ namespace {
 constexpr int gap = 4;
 constexpr int chipPadding = 8;
 constexpr int crossWidth = 14;
-constexpr int leastInputWidth = 70;
-constexpr int mostRows = 4;
+constexpr int minInputWidth = 70;
+constexpr int maxRows = 4;
 /** Longer texts are cut in their chip, not in what they say. */
 constexpr int widestChip = 220;
 
@@ -279,7 +279,7 @@ int TokenField::placeChips(int width, int rowHeight)
         m_places.append(QRect(x, y, chip, rowHeight));
         x += chip + gap;
     }
-    if (x > gap && x + leastInputWidth > width - gap) {
+    if (x > gap && x + minInputWidth > width - gap) {
         x = gap;
         y += rowHeight + gap;
     }
@@ -290,12 +290,12 @@ int TokenField::placeChips(int width, int rowHeight)
 void TokenField::arrange()
 {
     const int rowHeight = std::max(fontMetrics().height() + 6, 22);
-    const int highest = mostRows * (rowHeight + gap) + gap;
+    const int highest = maxRows * (rowHeight + gap) + gap;
     const int frame = 2 * m_scrollArea->frameWidth();
-    int width = std::max(this->width() - frame, leastInputWidth + 2 * gap);
+    int width = std::max(this->width() - frame, minInputWidth + 2 * gap);
     int height = placeChips(width, rowHeight);
     if (height > highest) {
-        width = std::max(width - m_scrollArea->verticalScrollBar()->sizeHint().width(), leastInputWidth);
+        width = std::max(width - m_scrollArea->verticalScrollBar()->sizeHint().width(), minInputWidth);
         height = placeChips(width, rowHeight);
     }
     const QRect all(0, 0, width, height);

@@ -7,13 +7,13 @@ namespace platform::x11 {
 namespace {
 
 /** In units of four bytes; properties beyond this are nothing that we ask for. */
-constexpr quint32 maximumLength = 65536;
+constexpr quint32 maxLength = 65536;
 
 ReplyPtr<xcb_get_property_reply_t> property(xcb_connection_t *connection, xcb_window_t window,
                                             const char *name)
 {
     const auto cookie = xcb_get_property(connection, 0, window, atom(connection, name),
-                                         XCB_GET_PROPERTY_TYPE_ANY, 0, maximumLength);
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, maxLength);
     return ReplyPtr<xcb_get_property_reply_t>(xcb_get_property_reply(connection, cookie, nullptr));
 }
 

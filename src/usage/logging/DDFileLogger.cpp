@@ -9,16 +9,16 @@
 
 namespace {
 
-constexpr int maximumFailuresTold = 10;
+constexpr int maxFailuresTold = 10;
 
 void tellWriteFailure(const QString &reason)
 {
     static std::atomic<int> failureCount = 0;
     const int number = ++failureCount;
-    if (number > maximumFailuresTold)
+    if (number > maxFailuresTold)
         return;
     platform::diagnosticLog(QStringLiteral("DDFileLogger.logMessage: %1").arg(reason));
-    if (number == maximumFailuresTold)
+    if (number == maxFailuresTold)
         platform::diagnosticLog(
             QStringLiteral("DDFileLogger.logMessage: Too many exceptions -- will not log any more of them."));
 }

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int maximumMessagesInFlight = 1000;
+constexpr int maxMessagesInFlight = 1000;
 
 /** One attached logger. */
 struct DDLoggerNode
@@ -105,7 +105,7 @@ public:
 
     const std::unique_ptr<platform::SerialQueue> queue =
         platform::makeSystemSerialQueue(QStringLiteral("cocoa.temiopilvi"));
-    std::counting_semaphore<maximumMessagesInFlight> freePlaces{maximumMessagesInFlight};
+    std::counting_semaphore<maxMessagesInFlight> freePlaces{maxMessagesInFlight};
 
 private:
     void assertOnLoggingQueue() const

@@ -265,9 +265,6 @@ bool TAVWordPopoverController::writeOneWord()
         platform::services().alerts->show({platform::localized("Vocabulary", "addDuplicateTitle"),
                                            platform::localized("Vocabulary", "addDuplicateMsg"),
                                            {platform::localized("Vocabulary", "ok")}});
-        // A sync may have replaced the vocabulary meanwhile, and the empty word was taken along.
-        if (m_vocabulary)
-            m_vocabulary->removeWord(word);
     } else {
         WordEdits::applyToWord(*word, typed);
     }
@@ -283,7 +280,7 @@ void TAVWordPopoverController::deleteWord()
             {platform::localized("Vocabulary", "reallyDelete"),
              platform::localized("Vocabulary", "reallyDeleteMsg"),
              {platform::localized("Vocabulary", "cancel"), platform::localized("Vocabulary", "delete")}});
-        if (choice != 1 || !m_vocabulary)
+        if (choice != 1)
             return;
     }
     if (!m_document.deleteWords(m_vocabulary, m_selectedWords).isSaved)

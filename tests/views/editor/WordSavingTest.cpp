@@ -76,23 +76,27 @@ TEST_F(WordSavingTest, EditIntoAnEqualPairIsAllowedAddingOneIsNot)
     EXPECT_TRUE(water->comment().isEmpty());
 }
 
-TEST_F(WordSavingTest, VocabularyReplacedUnderAnAlertKeepsNoEmptyWord)
+TEST_F(WordSavingTest, AReloadThatComesUnderAnAlertWaitsForTheEnd)
 {
-    const TAVWordRef placeholder = add();
     const TAVLexiconRef other = makeVocabulary({makeWord({u"x"_s, u"y"_s})});
-    other->setYourLanguageName(u"English"_s);
-    other->setForeignLanguageName(u"Italian"_s);
-    services.alerts.whileShown = [&] { editor->updateVocabulary(other); };
-    click("okButton");
-    EXPECT_EQ(pairsOf(*other), u"x-y"_s);
-    EXPECT_EQ(savedPairs(), u"x-y"_s);
-
-    edit({dog, house});
-    services.alerts.whileShown = [&] { editor->updateVocabulary(nullptr); };
+    const auto reload = [&] {
+        services.queues.mainAsync(nullptr, [&] { editor->updateVocabulary(other); });
+        services.queues.drain();
+    };
+    services.alerts.whileShown = reload;
     services.alerts.answerNext(1);
+    edit({dog, house});
     takeMessages();
     click("deleteButton");
-    EXPECT_TRUE(takeMessages().isEmpty()) << "there is nothing left to delete from";
+    EXPECT_EQ(takeMessages(), u"deleted:2"_s);
+    EXPECT_EQ(savedPairs(), u"bread-pane water-acqua"_s);
+
+    add();
+    services.alerts.whileShown = reload;
+    click("okButton");
+    EXPECT_EQ(savedPairs(), u"bread-pane water-acqua"_s);
+    services.queues.drain();
+    EXPECT_EQ(pairsOf(*other), u"x-y"_s);
 }
 
 TEST_F(WordSavingTest, TextsOfAnyLengthComeBackWhole)
