@@ -14,7 +14,7 @@ namespace platform {
 namespace {
 
 /** The rest stays with the system until it is taken, however fast the server sends. */
-constexpr qint64 maxPieceBytes = 64 * 1024;
+constexpr qint64 maxPieceBytes = qint64(64) * 1024;
 
 bool isThisMachine(const QUrl &url)
 {

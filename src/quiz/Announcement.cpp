@@ -29,7 +29,7 @@ bool take(const QJsonValue &value, qint64 &number)
 }
 
 /** It holds a few texts. */
-constexpr platform::HttpLimits limits{64 * 1024, 10s, 20s};
+constexpr platform::HttpLimits limits{qint64(64) * 1024, 10s, 20s};
 
 } // namespace
 
