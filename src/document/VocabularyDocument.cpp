@@ -52,7 +52,10 @@ ChangeOutcome VocabularyDocument::proceed(Change change, int piece, TAVLexiconRe
 {
     ChangeOutcome outcome;
     outcome.touched = ChangeSteps::touchedBy(change);
+    const bool isHeard = m_isListShown || !ChangeSteps::isOfWordList(change);
     for (const ChangeStep step : ChangeSteps::piece(change, piece)) {
+        if (!isHeard && (step == ChangeStep::Mark || step == ChangeStep::RequestSync))
+            continue;
         if ((!vocabulary && step != ChangeStep::RequestSync) || take(step, vocabulary))
             continue;
         outcome.isSaved = false;

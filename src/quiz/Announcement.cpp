@@ -20,9 +20,9 @@ bool take(const QJsonValue &value, QString &text)
 
 bool take(const QJsonValue &value, qint64 &number)
 {
-    constexpr double largest = 1e15;
+    constexpr double maxNumber = 1e15;
     const double real = value.toDouble();
-    if (!value.isDouble() || std::trunc(real) != real || std::abs(real) > largest)
+    if (!value.isDouble() || std::trunc(real) != real || std::abs(real) > maxNumber)
         return false;
     number = qint64(real);
     return true;
