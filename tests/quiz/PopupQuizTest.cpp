@@ -133,6 +133,7 @@ TEST_F(PopupQuizTest, WhatAVerdictAndAnOverruleShow)
     } cases[] = {{"cat", "✓", false, true},
                  {"cta", "≈", false, false},
                  {"dog", "X", true, false},
+                 {"  ", "X", true, false},
                  {"", "", true, false}};
     for (const auto &c : cases) {
         SCOPED_TRACE(c.answer);
@@ -194,6 +195,16 @@ TEST_F(PopupQuizTest, ADeletedWordOffersNothingAndTheNextQuestionComesWithoutIts
     services.clock.advanceSeconds(60);
     EXPECT_EQ(shown("questionTextField"), QStringLiteral("Maus"));
     EXPECT_FALSE(knewIt->isChecked());
+}
+
+TEST_F(PopupQuizTest, ADeletedWordCanNoLongerBeExcluded)
+{
+    startPopup(twoWords(5));
+    check("cat");
+    auto *box = panel<QCheckBox>("dontAskAgainCheckBox");
+    ASSERT_TRUE(box->isEnabled());
+    m_popup.wordPopoverDidDeleteWords({m_popup.currentWord()});
+    EXPECT_FALSE(box->isEnabled());
 }
 
 TEST_F(PopupQuizTest, TheCommentStandsWithTheQuestionOnlyIfTheUserWantsIt)
@@ -292,6 +303,10 @@ TEST_F(PopupQuizTest, WhereThePanelCannotComeUpANotificationOpensIt)
     services.desktop.raised.clear();
     services.desktop.notificationChosen();
     EXPECT_EQ(services.desktop.raised.size(), 1);
+
+    m_popup.quizWindow()->close();
+    services.desktop.notificationChosen();
+    EXPECT_FALSE(isInSight()) << "nothing is left to show";
 }
 
 } // namespace

@@ -262,6 +262,11 @@ TEST_F(PagesTest, ASyncReloadsAFileThatHasChanged)
     EXPECT_EQ(vocabulary(), before);
     EXPECT_EQ(recorder.take(), u"settings.synced quiz.synced"_s);
 
+    save(makeLanguage("Greek"));
+    hub->dropboxControllerDidFinishSync();
+    EXPECT_TRUE(languages().contains(u"Greek - English"_s)) << "from another machine";
+    recorder.take();
+
     hub->dropboxControllerDidLinkSuccessfully();
     EXPECT_EQ(recorder.take(), QString());
     services.clock.advanceSeconds(2);

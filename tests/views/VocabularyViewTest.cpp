@@ -172,6 +172,23 @@ TEST_F(ViewsTest, AddingSelectsTheRowOfThePlaceInTheList)
     EXPECT_EQ(words()->selectedWord()->yourWord(), QStringLiteral("dog")) << "the mirrored row, as ever";
 }
 
+TEST_F(ViewsTest, NoFilterHidesTheWordThatIsAdded)
+{
+    startWith(makeItalian());
+    auto *search = control<QLineEdit>("searchField");
+    auto *cloud = control<M3TokenCloud>("tagCloud");
+    for (const bool isSearched : {true, false}) {
+        search->setText(QLatin1String(isSearched ? "hous" : ""));
+        cloud->setSelectedTokenNames(isSearched ? platform::TextSet() : vocabulary()->allTags());
+        words()->updateEntireView();
+        ASSERT_EQ(shownWords(), list("house"));
+        words()->showAddWordPanel();
+        EXPECT_EQ(shownWords(), QStringList({QString(), QStringLiteral("dog")}));
+        EXPECT_TRUE(words()->wordEditor()->isPanelVisible());
+        click("allWordsButton");
+    }
+}
+
 TEST_F(ViewsTest, ChoosingAnotherRowGivesUpTheNewWordAndNoOther)
 {
     const TAVLexiconRef italian = makeItalian();

@@ -233,6 +233,11 @@ TEST_F(WordSavingTest, ManyWordsWithCommonTagsLoseTheOneTakenAway)
     EXPECT_EQ(sortedTags(water), QStringList(u"food"_s));
     EXPECT_EQ(sortedTags(bread), QStringList(u"food"_s));
     EXPECT_FALSE(vocabulary->allTags().contains(u"wet"_s));
+
+    bread->setTags({u"food"_s, u"dry"_s});
+    edit({water, bread});
+    click("okButton");
+    EXPECT_EQ(sortedTags(bread), QStringList({u"dry"_s, u"food"_s})) << "more than the first word's";
 }
 
 TEST_F(WordSavingTest, FlagOfManyWords)
