@@ -225,7 +225,9 @@ TEST_F(FlashCardQuizTest, TheCountdownAsksTheSameWordsAgainUnlessItIsStopped)
     const TAVWordRef deleted = m_cards.currentWord();
     clickCard();
     m_cards.wordPopoverDidDeleteWords({deleted});
+    EXPECT_TRUE(shows("deletedImageView"));
     pass();
+    EXPECT_FALSE(shows("deletedImageView")) << "the next word is there";
     EXPECT_NE(m_cards.currentWord(), deleted);
     EXPECT_FALSE(m_cards.wordsToAsk().contains(deleted));
 }

@@ -120,6 +120,14 @@ TEST_F(PopupQuizTest, EveryWayOutUnlocksTheWindowAndLosesNoAnswer)
             EXPECT_FALSE(isInSight());
         }
     }
+
+    // No further question comes over the result.
+    startPopup(twoWords());
+    check("cat");
+    goOn();
+    stopByWindow();
+    services.clock.advanceSeconds(3600);
+    EXPECT_EQ(tab(), 2);
 }
 
 TEST_F(PopupQuizTest, WhatAVerdictAndAnOverruleShow)

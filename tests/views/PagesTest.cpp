@@ -115,6 +115,9 @@ TEST_F(PagesTest, OnlyAChoiceByTheUserSwitchesTheLanguage)
     chooseLanguage(u"Latin - English"_s);
     EXPECT_EQ(services.settings.text(settingskeys::lastActiveLanguage), u"Latin - English"_s);
     EXPECT_EQ(languages().first(), u"Italian - English"_s) << "the menu isn't rebuilt by the choice";
+    age(TAVStorageManager::savePathForVocabulary(*vocabulary()));
+    hub->updateLanguagesPopup();
+    EXPECT_EQ(popUp->currentText(), u"Latin - English"_s) << "the current language, not the youngest";
 
     recorder.take();
     chooseLanguage(u"Manage Languages…"_s);

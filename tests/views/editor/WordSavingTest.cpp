@@ -274,6 +274,13 @@ TEST_F(WordSavingTest, FlagOfManyWords)
         EXPECT_EQ(water->dontAskAgain(), each.result);
         EXPECT_EQ(bread->dontAskAgain(), each.result);
     }
+
+    // One word after many: a single click is enough again.
+    bread->setDontAskAgain(false);
+    edit({bread});
+    dontAsk()->click();
+    click("okButton");
+    EXPECT_TRUE(bread->dontAskAgain());
 }
 
 TEST_F(WordSavingTest, DeletesOneAtOnceAndSeveralAfterAQuestion)
