@@ -136,7 +136,7 @@ public:
     }
     ~SystemHttp() override
     {
-        finish();
+        SystemHttp::finish();
         if (m_thread.joinable())
             m_thread.join();
     }
