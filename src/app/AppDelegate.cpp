@@ -4,6 +4,7 @@
 #include "app/ground/SettingsKeys.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
+#include "storage/SafeSaves.h"
 #include "storage/TAVStorageManager.h"
 #include "sync/DropBoxController.h"
 #include "sync/TAVSyncLog.h"
@@ -31,6 +32,7 @@ AppDelegate::AppDelegate()
     DDLog::addLogger(DDASLLogger::sharedInstance());
     DDLog::addLogger(DDTTYLogger::sharedInstance());
     applicationSupportFolder();
+    storage::finishTornWrites();
 }
 
 AppDelegate::~AppDelegate()

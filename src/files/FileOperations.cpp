@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
 #include <dirent.h>
@@ -42,6 +43,21 @@ qint64 FileOperations::write(int file, const char *bytes, qint64 size)
     return orError(qint64(::write(file, bytes, size_t(size))));
 }
 
+int FileOperations::reserve(int file, qint64 size)
+{
+    return orError(fallocate(file, FALLOC_FL_KEEP_SIZE, 0, size));
+}
+
+int FileOperations::cutTo(int file, qint64 size)
+{
+    return orError(ftruncate(file, size));
+}
+
+int FileOperations::sync(int file)
+{
+    return orError(fsync(file));
+}
+
 int FileOperations::statusOfOpen(int file, struct stat *status)
 {
     return orError(fstat(file, status));
@@ -60,6 +76,11 @@ int FileOperations::statusOf(const QByteArray &path, bool followsLink, struct st
 int FileOperations::remove(const QByteArray &path)
 {
     return orError(unlink(path.constData()));
+}
+
+int FileOperations::rename(const QByteArray &from, const QByteArray &to)
+{
+    return orError(::rename(from.constData(), to.constData()));
 }
 
 int FileOperations::makeFolder(const QByteArray &path, unsigned mode)

@@ -5,6 +5,7 @@
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "storage/Backups.h"
+#include "storage/SafeSaves.h"
 #include "storage/VocabularyFiles.h"
 #include "storage/archive/ArchiveDecoder.h"
 #include "storage/archive/ArchiveEncoder.h"
@@ -140,7 +141,7 @@ bool TAVStorageManager::saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const
         showSaveFailure(*vocabulary, Failure::Compression);
         return false;
     }
-    if (const files::Result<> written = files::writeInPlace(path, *compressed); !written) {
+    if (const files::Result<> written = storage::writeVocabularyFile(path, *compressed); !written) {
         logFailure("saveVoc", path, written.error());
         showSaveFailure(*vocabulary, Failure::Write);
         return false;

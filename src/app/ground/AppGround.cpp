@@ -1,5 +1,6 @@
 #include "app/ground/AppGround.h"
 
+#include "app/ground/Rescue.h"
 #include "app/ground/TAVFile.h"
 #include "files/Files.h"
 #include "platform/DiagnosticLog.h"
@@ -107,6 +108,11 @@ QString AppGround::downloadFolderPath()
     return madeFolder(state().downloadPath);
 }
 
+QString AppGround::ownFolderPath(const QString &name)
+{
+    return state().supportPath + u'/' + name;
+}
+
 QList<std::shared_ptr<TAVFile>> AppGround::loadAllAvailableLanguages()
 {
     QList<std::shared_ptr<TAVFile>> languages;
@@ -119,10 +125,12 @@ QList<std::shared_ptr<TAVFile>> AppGround::loadAllAvailableLanguages()
             continue;
         const QString path = folder + u'/' + entry.name;
         // One that can't be removed now is met again at the next listing.
-        if (entry.name.endsWith(QLatin1String(").tavv")))
+        if (entry.name.endsWith(QLatin1String(").tavv"))) {
+            rescue::keepFile(path);
             std::ignore = files::remove(path);
-        else
+        } else {
             languages.append(std::make_shared<TAVFile>(path));
+        }
     }
     return languages;
 }
