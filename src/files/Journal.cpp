@@ -34,7 +34,7 @@ QByteArray bytesOf(const QString &path)
         file.state() ? file.readAll(maxFileBytes) : Result<QByteArray>(file.state().error());
     if (!bytes)
         return {};
-    return bytes->isNull() ? QByteArray("") : *bytes;
+    return (*bytes).isNull() ? QByteArray("") : *bytes;
 }
 
 } // namespace
