@@ -2,15 +2,15 @@
 
 packages_build=(
     build-essential ccache cmake ninja-build pkg-config
-    qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools libqt6svg6-dev
+    qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-svg-dev
     libbz2-dev libicu-dev libplist-dev libxcb1-dev libxcb-xkb-dev
 )
 packages_run=("${packages_build[@]}" qt6-qpa-plugins libqt6svg6 fonts-dejavu-core)
 packages_test=("${packages_run[@]}" dbus libgtest-dev openbox python3 x11-xkb-utils xauth xvfb)
 packages_bench=("${packages_build[@]}" libbenchmark-dev)
-packages_fuzz=("${packages_build[@]}" clang libclang-rt-14-dev)
+packages_fuzz=("${packages_build[@]}" clang libclang-rt-dev)
 packages_format=(clang-format)
-packages_tidy=(clang clang-tidy)
+packages_tidy=(clang clang-tidy libbenchmark-dev)
 
 # install_packages <names...>
 install_packages() {

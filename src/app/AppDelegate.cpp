@@ -1,7 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "DeployerValues.h"
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "storage/SafeSaves.h"
@@ -74,10 +74,10 @@ void AppDelegate::startUsageClient()
     client->disableGeoLocation();
     client->setKeys(QString::fromLatin1(deployer::keenProjectId), QString::fromLatin1(deployer::keenWriteKey),
                     QString::fromLatin1(deployer::keenReadKey));
-    QString uuid = platform::settings().text(settingskeys::installationUuid);
+    QString uuid = settings::installationUuid.value().value_or(QString());
     if (uuid.isEmpty()) {
         uuid = QUuid::createUuid().toString(QUuid::WithoutBraces);
-        platform::settings().setValue(settingskeys::installationUuid, uuid);
+        settings::installationUuid.set(uuid);
     }
     client->setGlobalProperties({{QStringLiteral("userUUID"), uuid}});
     client->collectKeenData();

@@ -82,14 +82,17 @@ bool Application::event(QEvent *event)
             return true;
         }
         m_isEnding = true;
-        Q_EMIT ending();
+        Q_EMIT ending(m_isRunning);
     }
     return QApplication::event(event);
 }
 
 int Application::run()
 {
-    return m_isEnding ? 0 : exec();
+    if (m_isEnding)
+        return 0;
+    m_isRunning = true;
+    return exec();
 }
 
 void Application::quitOnSignals()

@@ -32,8 +32,12 @@ public:
     int run();
 
 Q_SIGNALS:
-    /** The program has agreed to end: nobody may wait for an answer of the user any longer. */
-    void ending();
+    /**
+     * The program has agreed to end: what asks the user something now must not go on waiting. If its event
+     * loop doesn't run yet, nothing that the start goes on to ask may wait either; else a last save may still
+     * have something to tell.
+     */
+    void ending(bool isRunning);
 
 protected:
     bool event(QEvent *event) override;
@@ -42,5 +46,6 @@ private:
     void quitOnSignal();
 
     std::function<bool()> m_shouldTerminate;
+    bool m_isRunning = false;
     bool m_isEnding = false;
 };

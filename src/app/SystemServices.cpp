@@ -57,6 +57,11 @@ SystemServices::~SystemServices()
     platform::installServices({});
 }
 
+void SystemServices::answerAlerts()
+{
+    m_alerts.answerAll();
+}
+
 void SystemServices::endAlerts()
 {
     m_alerts.end();

@@ -11,7 +11,9 @@ public:
     SystemServices();
     ~SystemServices();
 
-    /** Gives the alert that stands, and all later ones, their first button. */
+    /** Gives the alert that stands, and those that wait behind it, their first button. */
+    void answerAlerts();
+    /** The same, and for all later ones too. */
     void endAlerts();
     /** Ends everything that runs beside the main thread. Whether all of it has ended. */
     bool finish();

@@ -17,13 +17,24 @@ using platform::SingleInstance;
 /** Long enough for a running program that is busy loading, or just about to end. */
 constexpr std::chrono::seconds patienceWithFirst{10};
 
+/** The last thing before the program's parts are destroyed; the process's result. */
+int end(SystemServices &services, int result)
+{
+    if (!services.finish()) {
+        // What still runs in the background must not meet a half destroyed program.
+        DDLog::flushLog();
+        std::_Exit(result);
+    }
+    return result;
+}
+
 /** From the first folder to the end of all work; the process's result. */
 int run(Application &application, SystemServices &services, SingleInstance &instance)
 {
     Composition composition;
     AppDelegate &delegate = composition.delegate();
     if (AppDelegate::vocabularyFolderPath().isEmpty())
-        return 1; // The user has been told that there is nowhere to keep anything.
+        return end(services, 1); // The user has been told that there is nowhere to keep anything.
     application.setShouldTerminate([&delegate] { return delegate.applicationShouldTerminate(); });
     delegate.applicationWillFinishLaunching();
     Program &program = composition.makeProgram();
@@ -32,12 +43,7 @@ int run(Application &application, SystemServices &services, SingleInstance &inst
     delegate.applicationDidFinishLaunching(QStringLiteral("ApplicationDidFinishLaunching"));
     const int result = application.run();
     delegate.applicationWillTerminate();
-    if (!services.finish()) {
-        // What still runs in the background must not meet a half destroyed program.
-        DDLog::flushLog();
-        std::_Exit(result);
-    }
-    return result;
+    return end(services, result);
 }
 
 } // namespace
@@ -52,13 +58,14 @@ int main(int argc, char **argv)
     SingleInstance instance(platform::services().folders->runtimeDirectory());
     const SingleInstance::Role role = instance.start(patienceWithFirst);
     if (role == SingleInstance::Role::second)
-        return 0;
+        return end(services, 0);
     if (role == SingleInstance::Role::blocked) {
         std::fputs("Tavimo is already running but doesn't answer.\n", stderr);
-        return 1;
+        return end(services, 1);
     }
 
-    QObject::connect(&application, &Application::ending, &application, [&services] { services.endAlerts(); });
+    QObject::connect(&application, &Application::ending, &application,
+                     [&](bool isRunning) { isRunning ? services.answerAlerts() : services.endAlerts(); });
     application.quitOnSignals();
     return run(application, services, instance);
 }

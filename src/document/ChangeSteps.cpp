@@ -48,7 +48,7 @@ constexpr Steps nothing;
  * duplicates neither flags nor marks, and the end of a run has nothing to flag that its answers have not.
  */
 const Row rows[] = {
-    // Nobody hears of a vocabulary that is set before its page was shown: the request has a piece of its own.
+    // A level that couldn't be saved is not left, and then nothing is asked for either.
     {Change::LevelSwitched,
      {},
      {Steps(Save), Steps(RequestSync)},
@@ -111,6 +111,11 @@ Piece piece(Change change, int number)
 TouchedParts touchedBy(Change change)
 {
     return rowOf(change).touched;
+}
+
+bool isOfWordList(Change change)
+{
+    return change <= Change::Undone;
 }
 
 const char *lineOfFailedSave(Change change)

@@ -6,6 +6,8 @@
 
 /** Every kind of change that the program makes to a vocabulary or its file, apart from a sync's own. */
 enum class Change {
+    // Of the word list and its editor, see ChangeSteps::isOfWordList()
+
     /** Another level, or another vocabulary, is shown. */
     LevelSwitched,
     WordsEdited,
@@ -16,6 +18,9 @@ enum class Change {
     TagDropped,
     DuplicatesRemoved,
     Undone,
+
+    // Of a quiz
+
     AnswerTyped,
     TypingRunEnded,
     CardBooked,
@@ -24,6 +29,9 @@ enum class Change {
     CardRunEnded,
     PopupAnswered,
     PopupRunEnded,
+
+    // Of whoever brings words
+
     WordsImported,
     FirstLanguageMade,
 };
@@ -57,6 +65,8 @@ int numberOfPieces(Change change);
 /** Pieces are counted from 0. */
 Piece piece(Change change, int number);
 TouchedParts touchedBy(Change change);
+/** Such a change marks nothing and asks for no sync before the list was shown for the first time. */
+bool isOfWordList(Change change);
 /** The line of the diagnostic log that a failed save leaves; null for none. */
 const char *lineOfFailedSave(Change change);
 

@@ -48,11 +48,16 @@ TAVLexiconRef VocabularyDocument::presentVersionOf(const TAVLexiconRef &given) c
     return isSameFile ? m_vocabulary : given;
 }
 
+// Its own reference holds the vocabulary when a step closes it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 ChangeOutcome VocabularyDocument::proceed(Change change, int piece, TAVLexiconRef vocabulary)
 {
     ChangeOutcome outcome;
     outcome.touched = ChangeSteps::touchedBy(change);
+    const bool isHeard = m_isListShown || !ChangeSteps::isOfWordList(change);
     for (const ChangeStep step : ChangeSteps::piece(change, piece)) {
+        if (!isHeard && (step == ChangeStep::Mark || step == ChangeStep::RequestSync))
+            continue;
         if ((!vocabulary && step != ChangeStep::RequestSync) || take(step, vocabulary))
             continue;
         outcome.isSaved = false;

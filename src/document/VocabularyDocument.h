@@ -15,9 +15,9 @@ struct ChangeOutcome
 };
 
 /**
- * The current vocabulary, and the one owner of every change to a vocabulary: whoever changes words on the
- * user's behalf does it here and never thinks of indexes, flags, marks, saves and syncs. Each kind of change
- * has its steps in one table, see ChangeSteps.h.
+ * The current vocabulary, and the one owner of what follows a change: whoever has changed words on the user's
+ * behalf, here or by the model as an answer does, commits that kind of change and never thinks of indexes,
+ * flags, marks, saves and syncs. Each kind has its steps in one table, see ChangeSteps.h.
  *
  * An operation changes the words and does the first piece of those steps. Where a view has something to do
  * before the rest, it calls the next piece itself. Operations work on the vocabulary that they are given,
@@ -32,6 +32,8 @@ public:
     TAVLexiconRef vocabulary() const override { return m_vocabulary; }
     /** Called by the vocabulary view alone, which saves and shows what it is given. */
     void setVocabulary(const TAVLexiconRef &vocabulary) { m_vocabulary = vocabulary; }
+    /** From now on the sync hears of what is changed in the word list. */
+    void setListShown() { m_isListShown = true; }
     /**
      * For whoever has worked on a vocabulary for longer: the object that stands for it now. That is the
      * current one if it comes from the same file, as after a reload, else the given one.
@@ -62,4 +64,5 @@ public:
 
 private:
     TAVLexiconRef m_vocabulary;
+    bool m_isListShown = false;
 };

@@ -52,7 +52,7 @@ void LanguageSettings::resolveInputSources()
     const QString foreignId = m_fields.foreignTextInputSourceId.value_or(QString());
     if (yourId.isEmpty() && foreignId.isEmpty())
         return;
-    const QList<platform::InputSourceRef> sources = AppGround::selectableInputSources(false);
+    const QList<platform::InputSourceRef> sources = AppGround::allInputSources(false);
     findSource(sources, yourId, m_yourTextInputSource);
     findSource(sources, foreignId, m_foreignTextInputSource);
 }

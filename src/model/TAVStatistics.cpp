@@ -81,12 +81,12 @@ void TAVStatistics::addDailySnapshot(TAVSnapshotRef snapshot)
     }
     const int order = m_dailySnapshots.isEmpty() ? -1 : lastSnapshot()->compareDates(*snapshot);
     if (order == 0) {
-        m_dailySnapshots.last() = snapshot;
+        m_dailySnapshots.last() = std::move(snapshot);
         return;
     }
     if (order > 0)
         alertClockWentBackwards(*lastSnapshot(), *snapshot);
-    m_dailySnapshots.append(snapshot);
+    m_dailySnapshots.append(std::move(snapshot));
 }
 
 TAVSnapshotRef TAVStatistics::lastSnapshot() const

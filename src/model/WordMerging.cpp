@@ -75,11 +75,8 @@ Versions mergedVersions(const TAVWordList &present, const TAVWordList &others)
     bool takeOther = false;
     for (const TAVWordRef &other : others) {
         const TAVWordRef local = locals.first(other->creationID());
-        if (!local)
-            takeOther = true;
-        else if (other->modificationID() > 0 && other->modificationID() > local->modificationID())
-            takeOther = true;
-        else if (other->level() > local->level())
+        if (!local || (other->modificationID() > 0 && other->modificationID() > local->modificationID()) ||
+            other->level() > local->level())
             takeOther = true;
         else if (other->level() == local->level())
             mergeSameLevel(*local, *other);

@@ -12,7 +12,7 @@ namespace platform {
  */
 int compareCaseInsensitive(QStringView a, QStringView b);
 
-/** Appends the folded code points of the text; comparing such keys gives the order of the above. */
+/** Appends the folded code points of the text; comparing such keys yields the order of the above. */
 void appendCaseFolded(std::u32string &key, QStringView text);
 
 } // namespace platform

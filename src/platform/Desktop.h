@@ -25,7 +25,7 @@ public:
     virtual bool canRaiseAboveAll() const { return false; }
     /** Shows the user a message; chosen runs on the main thread, not under an alert, once the user clicks it.
      */
-    virtual void notify(const QString &title, const QString &text, std::function<void()> chosen)
+    virtual void notify(const QString &title, const QString &text, const std::function<void()> &chosen)
     {
         Q_UNUSED(title)
         Q_UNUSED(text)

@@ -21,7 +21,7 @@ using HttpHeaders = QList<std::pair<QByteArray, QByteArray>>;
 struct HttpLimits
 {
     /** Of the answer's body. */
-    qint64 maxAnswerBytes = 1024 * 1024;
+    qint64 maxAnswerBytes = qint64(1024) * 1024;
     /** Without any byte, in either direction. A long poll needs more than its server holds it. */
     std::chrono::milliseconds maxSilence{10'000};
     /** From the start to the last byte, with all redirects, however busily the server sends. */

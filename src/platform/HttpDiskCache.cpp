@@ -6,7 +6,7 @@ namespace platform {
 
 namespace {
 
-constexpr qint64 maxCacheBytes = 20 * 1024 * 1024;
+constexpr qint64 maxCacheBytes = qint64(20) * 1024 * 1024;
 
 QList<QByteArray> directives(const HttpResponse &response)
 {

@@ -11,7 +11,7 @@ namespace platform {
 /**
  * Answers that are kept from one run to the next. It stands beside the network rather than in it: the
  * network's own way asks the server again where a kept answer demands that, however old an answer may be, and
- * gives kept answers in the place of a server's error. Lives on the client's thread.
+ * returns kept answers in the place of a server's error. Lives on the client's thread.
  */
 class HttpDiskCache
 {

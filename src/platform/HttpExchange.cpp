@@ -14,7 +14,7 @@ namespace platform {
 namespace {
 
 /** The rest stays with the system until it is taken, however fast the server sends. */
-constexpr qint64 maxPieceBytes = 64 * 1024;
+constexpr qint64 maxPieceBytes = qint64(64) * 1024;
 
 bool isThisMachine(const QUrl &url)
 {
@@ -78,10 +78,10 @@ bool isStatus(QNetworkReply::NetworkError error, int status)
 
 } // namespace
 
-HttpExchange::HttpExchange(QNetworkAccessManager &network, HttpDiskCache *cache, const HttpRequest &request,
-                           Done done, QObject *parent)
+HttpExchange::HttpExchange(std::shared_ptr<QNetworkAccessManager> network, HttpDiskCache *cache,
+                           const HttpRequest &request, Done done, QObject *parent)
     : QObject(parent)
-    , m_network(network)
+    , m_network(std::move(network))
     , m_cache(cache)
     , m_request(request)
     , m_done(std::move(done))
@@ -177,13 +177,13 @@ void HttpExchange::ask(const QUrl &url)
 {
     const QNetworkRequest request = requestTo(url);
     if (m_request.method == "GET")
-        m_reply = m_network.get(request);
+        m_reply = m_network->get(request);
     else if (m_request.method == "HEAD")
-        m_reply = m_network.head(request);
+        m_reply = m_network->head(request);
     else if (m_bodyFile)
-        m_reply = m_network.sendCustomRequest(request, m_request.method, m_bodyFile);
+        m_reply = m_network->sendCustomRequest(request, m_request.method, m_bodyFile);
     else
-        m_reply = m_network.sendCustomRequest(request, m_request.method, m_request.body);
+        m_reply = m_network->sendCustomRequest(request, m_request.method, m_request.body);
     m_reply->setReadBufferSize(maxPieceBytes);
     m_mayLeaveLookupBehind = QHostAddress(url.host()).isNull();
     connect(m_reply, &QNetworkReply::uploadProgress, this, [this] { m_silence.start(); });
@@ -288,6 +288,7 @@ void HttpExchange::end(HttpError error, const QString &text)
 {
     if (!m_done)
         return;
+    m_wasCutShort = error == HttpError::silent || error == HttpError::timedOut;
     m_silence.stop();
     m_total.stop();
     dropReply();

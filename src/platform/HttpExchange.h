@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <memory>
+
 class QFile;
 class QNetworkAccessManager;
 
@@ -20,9 +22,9 @@ class HttpExchange : public QObject
 public:
     using Done = std::function<void(HttpResponse)>;
 
-    /** The network and the cache, which may be null, last at least until its end. */
-    HttpExchange(QNetworkAccessManager &network, HttpDiskCache *cache, const HttpRequest &request, Done done,
-                 QObject *parent);
+    /** The cache may be null; it lasts at least until the end. */
+    HttpExchange(std::shared_ptr<QNetworkAccessManager> network, HttpDiskCache *cache,
+                 const HttpRequest &request, Done done, QObject *parent);
     ~HttpExchange() override;
 
     /** May call done before it returns. */
@@ -31,6 +33,8 @@ public:
     /** Whether the address of a server may still be looked up behind the scenes, which nothing can cut short.
      */
     bool mayLeaveLookupBehind() const { return m_mayLeaveLookupBehind; }
+    /** Whether its time was over: a server that never comes to an end can keep the network's thread busy. */
+    bool wasCutShort() const { return m_wasCutShort; }
 
 private:
     bool openBody();
@@ -48,7 +52,7 @@ private:
     void dropReply();
     void end(HttpError error, const QString &text = {});
 
-    QNetworkAccessManager &m_network;
+    const std::shared_ptr<QNetworkAccessManager> m_network;
     HttpDiskCache *m_cache;
     const HttpRequest m_request;
     Done m_done;
@@ -58,6 +62,7 @@ private:
     qint64 m_bytesTaken = 0;
     int m_redirects = 0;
     bool m_mayLeaveLookupBehind = false;
+    bool m_wasCutShort = false;
     QTimer m_silence;
     QTimer m_total;
 };

@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <mutex>
-#include <optional>
 
 namespace platform {
 
@@ -16,7 +15,9 @@ bool isText(const QVariant &value)
     return value.metaType() == QMetaType::fromType<QString>();
 }
 
-std::optional<bool> readBoolean(const QVariant &value)
+template <typename T> std::optional<T> readAs(const QVariant &value);
+
+template <> std::optional<bool> readAs(const QVariant &value)
 {
     if (value.metaType() == QMetaType::fromType<bool>())
         return value.toBool();
@@ -30,7 +31,7 @@ std::optional<bool> readBoolean(const QVariant &value)
     return std::nullopt;
 }
 
-std::optional<qint64> readInteger(const QVariant &value)
+template <> std::optional<qint64> readAs(const QVariant &value)
 {
     switch (value.metaType().id()) {
     case QMetaType::Int:
@@ -48,7 +49,7 @@ std::optional<qint64> readInteger(const QVariant &value)
     return isReadable ? std::optional(number) : std::nullopt;
 }
 
-std::optional<double> readReal(const QVariant &value)
+template <> std::optional<double> readAs(const QVariant &value)
 {
     if (value.metaType() == QMetaType::fromType<double>()) {
         const double number = value.toDouble();
@@ -59,21 +60,12 @@ std::optional<double> readReal(const QVariant &value)
         const double number = value.toString().toDouble(&isReadable);
         return isReadable && std::isfinite(number) ? std::optional(number) : std::nullopt;
     }
-    return readInteger(value);
+    return readAs<qint64>(value);
 }
 
-std::optional<QString> readText(const QVariant &value)
+template <> std::optional<QString> readAs(const QVariant &value)
 {
     return isText(value) ? std::optional(value.toString()) : std::nullopt;
-}
-
-/** The stored value if it can be read, else the default if that can, else the type's zero. */
-template <typename Read> auto readOr(const Settings &settings, const QString &key, Read read)
-{
-    if (const auto stored = read(settings.value(key)))
-        return *stored;
-    using Value = typename decltype(read(QVariant()))::value_type;
-    return read(settings.registeredDefault(key)).value_or(Value());
 }
 
 /** The file format folds slashes and knows no empty key; only escaped keys can hold any character. */
@@ -130,25 +122,16 @@ private:
 
 } // namespace
 
-bool Settings::boolean(const QString &key) const
+template <typename T> std::optional<T> Settings::read(const QString &key) const
 {
-    return readOr(*this, key, readBoolean);
+    const std::optional<T> stored = readAs<T>(value(key));
+    return stored ? stored : readAs<T>(registeredDefault(key));
 }
 
-qint64 Settings::integer(const QString &key) const
-{
-    return readOr(*this, key, readInteger);
-}
-
-double Settings::real(const QString &key) const
-{
-    return readOr(*this, key, readReal);
-}
-
-QString Settings::text(const QString &key) const
-{
-    return readOr(*this, key, readText);
-}
+template std::optional<bool> Settings::read(const QString &key) const;
+template std::optional<qint64> Settings::read(const QString &key) const;
+template std::optional<double> Settings::read(const QString &key) const;
+template std::optional<QString> Settings::read(const QString &key) const;
 
 std::unique_ptr<Settings> makeSystemSettings(const QString &folder)
 {

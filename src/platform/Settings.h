@@ -4,6 +4,7 @@
 #include <QVariant>
 
 #include <memory>
+#include <optional>
 
 namespace platform {
 
@@ -29,14 +30,8 @@ public:
     virtual void synchronize() = 0;
 
     bool contains(const QString &key) const { return value(key).isValid(); }
-    /** Absent or unreadable: false. */
-    bool boolean(const QString &key) const;
-    /** Absent or unreadable: 0. */
-    qint64 integer(const QString &key) const;
-    /** Absent, unreadable or not finite: 0. */
-    double real(const QString &key) const;
-    /** Absent or unreadable: the empty text. */
-    QString text(const QString &key) const;
+    /** Reads a bool, qint64, double or QString. A real that is not finite is as good as absent. */
+    template <typename T> std::optional<T> read(const QString &key) const;
 };
 
 /** One settings file in the given folder, which is made at the first write. */

@@ -49,7 +49,7 @@ public:
             done(std::move(response));
         };
         openNetwork();
-        auto *exchange = new HttpExchange(*m_network, m_cache.get(), request, takeResponse, this);
+        auto *exchange = new HttpExchange(m_network, m_cache.get(), request, takeResponse, this);
         m_exchanges.emplace(id, exchange);
         exchange->begin();
     }
@@ -69,22 +69,27 @@ public:
         m_cache.reset();
         m_loop.quit();
     }
-    bool hasLeftLookupBehind() const { return m_hasLeftLookupBehind; }
+    /** Whether something of Qt's own may still run. */
+    bool hasLeftWorkBehind() const { return m_hasLeftLookupBehind || m_retiredNetwork; }
 
 private:
     void openNetwork()
     {
         if (m_network)
             return;
-        m_network = std::make_unique<QNetworkAccessManager>();
+        m_network = std::make_shared<QNetworkAccessManager>();
         m_network->setProxyFactory(new Proxies);
-        if (!m_cacheFolder.isEmpty())
+        if (!m_cacheFolder.isEmpty() && !m_cache)
             m_cache = std::make_unique<HttpDiskCache>(m_cacheFolder);
     }
     void forget(quint64 id)
     {
         const auto found = m_exchanges.find(id);
         m_hasLeftLookupBehind |= found->second->mayLeaveLookupBehind();
+        // The next request gets a network, and with it a thread, that no such server holds. The old one goes
+        // later, as its end can wait for that thread for seconds.
+        if (found->second->wasCutShort())
+            m_retiredNetwork = std::exchange(m_network, nullptr);
         // Later, as one of its own functions is running.
         found->second->deleteLater();
         m_exchanges.erase(found);
@@ -92,7 +97,8 @@ private:
 
     const QString m_cacheFolder;
     QEventLoop m_loop;
-    std::unique_ptr<QNetworkAccessManager> m_network;
+    std::shared_ptr<QNetworkAccessManager> m_network;
+    std::shared_ptr<QNetworkAccessManager> m_retiredNetwork;
     std::unique_ptr<HttpDiskCache> m_cache;
     std::map<quint64, HttpExchange *> m_exchanges;
     bool m_hasLeftLookupBehind = false;
@@ -142,7 +148,7 @@ public:
             m_worker->post([worker = m_worker.get()] { worker->end(); });
         m_isFinished = true;
         return !m_worker || (m_ended.wait_for(patienceAtTheEnd) == std::future_status::ready &&
-                             !m_worker->hasLeftLookupBehind());
+                             !m_worker->hasLeftWorkBehind());
     }
 
 protected:

@@ -20,16 +20,16 @@ bool take(const QJsonValue &value, QString &text)
 
 bool take(const QJsonValue &value, qint64 &number)
 {
-    constexpr double largest = 1e15;
+    constexpr double maxNumber = 1e15;
     const double real = value.toDouble();
-    if (!value.isDouble() || std::trunc(real) != real || std::abs(real) > largest)
+    if (!value.isDouble() || std::trunc(real) != real || std::abs(real) > maxNumber)
         return false;
     number = qint64(real);
     return true;
 }
 
 /** It holds a few texts. */
-constexpr platform::HttpLimits limits{64 * 1024, 10s, 20s};
+constexpr platform::HttpLimits limits{qint64(64) * 1024, 10s, 20s};
 
 } // namespace
 

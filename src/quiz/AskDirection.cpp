@@ -1,12 +1,10 @@
 #include "quiz/AskDirection.h"
 
-#include "app/ground/SettingsKeys.h"
-#include "platform/Services.h"
+#include "app/ground/SettingsTable.h"
 
 AskDirection AskDirection::fromSettings()
 {
-    AskDirection direction{platform::settings().boolean(settingskeys::askForForeignWord),
-                           platform::settings().boolean(settingskeys::askForYourWord)};
+    AskDirection direction{settings::askForForeignWord.value(), settings::askForYourWord.value()};
     if (!direction.foreignWord && !direction.yourWord)
         direction.foreignWord = true;
     return direction;
@@ -14,6 +12,6 @@ AskDirection AskDirection::fromSettings()
 
 void AskDirection::store() const
 {
-    platform::settings().setValue(settingskeys::askForForeignWord, foreignWord);
-    platform::settings().setValue(settingskeys::askForYourWord, yourWord);
+    settings::askForForeignWord.set(foreignWord);
+    settings::askForYourWord.set(yourWord);
 }

@@ -1,7 +1,6 @@
 #include "quiz/FlashCardPace.h"
 
-#include "app/ground/SettingsKeys.h"
-#include "platform/Services.h"
+#include "app/ground/SettingsTable.h"
 
 namespace {
 
@@ -26,14 +25,14 @@ FlashCardPace FlashCardPace::ofPosition(int position)
 
 FlashCardPace FlashCardPace::fromSettings()
 {
-    if (!platform::settings().boolean(settingskeys::learnHasSetTimeout))
+    if (!settings::learnHasSetTimeout.value())
         return ofPosition(usualPosition);
-    const qint64 stored = platform::settings().integer(settingskeys::learnFlipLevel);
+    const qint64 stored = settings::learnFlipLevel.value().value_or(0);
     return ofPosition(int(std::clamp<qint64>(stored, 0, maxPosition)));
 }
 
 void FlashCardPace::store() const
 {
-    platform::settings().setValue(settingskeys::learnFlipLevel, position);
-    platform::settings().setValue(settingskeys::learnHasSetTimeout, true);
+    settings::learnFlipLevel.set(position);
+    settings::learnHasSetTimeout.set(true);
 }

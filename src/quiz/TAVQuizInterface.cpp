@@ -1,7 +1,6 @@
 #include "quiz/TAVQuizInterface.h"
 
-#include "app/ground/SettingsKeys.h"
-#include "platform/Services.h"
+#include "app/ground/SettingsTable.h"
 
 #include <numeric>
 
@@ -82,7 +81,7 @@ void TAVQuizInterface::doCommonInitStuff()
     m_askMidterm = true;
     m_askLongterm = true;
     m_askNative = false;
-    m_isShowCommentWithQuestion = platform::settings().boolean(settingskeys::isShowCommentWithQuestion);
+    m_isShowCommentWithQuestion = settings::isShowCommentWithQuestion.value();
     m_isWordsMustMatchAllTags = false;
     m_numberOfWordsToAsk = 30;
     m_askIndex = -1;
@@ -155,7 +154,7 @@ void TAVQuizInterface::topUp(TAVWordList &words, const QList<quint64> &levels) c
 
 void TAVQuizInterface::setWordsToAsk(const TAVWordList &words)
 {
-    m_isShowCommentWithQuestion = platform::settings().boolean(settingskeys::isShowCommentWithQuestion);
+    m_isShowCommentWithQuestion = settings::isShowCommentWithQuestion.value();
     m_askIndex = -1;
     WordDraw draw(words);
     m_wordsToAsk.clear();

@@ -1,10 +1,8 @@
 #include "usage/Consent.h"
 
-#include "app/ground/SettingsKeys.h"
-#include "platform/Services.h"
+#include "app/ground/SettingsTable.h"
 
 bool isUsageReported()
 {
-    return !platform::settings().boolean(settingskeys::isDisableUserStatistics) &&
-           platform::settings().boolean(settingskeys::isEnableUserStatistics);
+    return !settings::isDisableUserStatistics.value() && settings::isEnableUserStatistics.value();
 }

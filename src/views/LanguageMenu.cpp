@@ -1,10 +1,9 @@
 #include "views/LanguageMenu.h"
 
 #include "app/ground/AppGround.h"
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "app/ground/TAVFile.h"
 #include "platform/DiagnosticLog.h"
-#include "platform/Services.h"
 #include "platform/Texts.h"
 #include "storage/TAVStorageManager.h"
 
@@ -87,7 +86,7 @@ TAVLexiconRef LanguageMenu::loadChosen() const
 
 TAVLexiconRef LanguageMenu::loadLast(const LanguageList &languages)
 {
-    const QString name = platform::settings().text(settingskeys::lastActiveLanguage);
+    const QString name = settings::lastActiveLanguage.value().value_or(QString());
     QString path =
         QStringLiteral("%1/%2.%3")
             .arg(AppGround::vocabularyFolderPath(), name, QLatin1String(TAVStorageManager::extension));
@@ -98,6 +97,5 @@ TAVLexiconRef LanguageMenu::loadLast(const LanguageList &languages)
 
 void LanguageMenu::rememberAsLast(const TAVLexicon &vocabulary)
 {
-    platform::settings().setValue(settingskeys::lastActiveLanguage,
-                                  TAVStorageManager::displayNameForVocabulary(vocabulary));
+    settings::lastActiveLanguage.set(TAVStorageManager::displayNameForVocabulary(vocabulary));
 }

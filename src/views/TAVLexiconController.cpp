@@ -103,6 +103,7 @@ void TAVLexiconController::reloadVocabularyFromDisk()
 void TAVLexiconController::showVocabulary()
 {
     m_dropboxController = DropBoxController::sharedManager();
+    m_document.setListShown();
     updateEntireView();
     m_view->statusLine().setSyncEnabled(m_dropboxController->isEnabled());
 }
@@ -176,8 +177,7 @@ void TAVLexiconController::selectMemoryView(MemoryLevelButton *sender)
     m_wordEditor->closeWordPanel(nullptr);
     if (!vocabulary() || !m_document.commit(Change::LevelSwitched, vocabulary()).isSaved)
         return;
-    if (m_dropboxController)
-        m_document.proceed(Change::LevelSwitched, 1, vocabulary());
+    m_document.proceed(Change::LevelSwitched, 1, vocabulary());
     if (sender)
         m_view->levelBar().turnOn(sender);
     if (m_isSynonymsActive)

@@ -2,7 +2,7 @@
 
 #include "DeployerValues.h"
 #include "app/ground/AppGround.h"
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "document/VocabularyDocument.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
@@ -270,8 +270,8 @@ void TAVMainWindowController::showVocabulary()
     doSync();
     m_firstStart->end();
     enterPage(MainTab::Vocabulary);
-    if (!platform::settings().boolean(settingskeys::hasShownVocabularyHelp)) {
-        platform::settings().setValue(settingskeys::hasShownVocabularyHelp, true);
+    if (!settings::hasShownVocabularyHelp.value()) {
+        settings::hasShownVocabularyHelp.set(true);
         platform::settings().synchronize();
         m_helpController->showVocabularyHelp();
     }

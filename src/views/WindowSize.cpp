@@ -1,7 +1,6 @@
 #include "views/WindowSize.h"
 
-#include "app/ground/SettingsKeys.h"
-#include "platform/Services.h"
+#include "app/ground/SettingsTable.h"
 
 #include <QScreen>
 #include <QWidget>
@@ -13,11 +12,9 @@ constexpr QSize minSize(800, 600);
 
 } // namespace
 
-namespace WindowSize {
-
-void restore(QWidget &window)
+void WindowSize::restore(QWidget &window)
 {
-    const QString stored = platform::settings().text(settingskeys::mainWindowSize);
+    const QString stored = settings::mainWindowSize.value().value_or(QString());
     const QSize wanted(stored.section(QLatin1Char('x'), 0, 0).toInt(),
                        stored.section(QLatin1Char('x'), 1).toInt());
     QSize size = wanted.width() > 0 && wanted.height() > 0 ? wanted.expandedTo(minSize) : usualSize;
@@ -26,12 +23,9 @@ void restore(QWidget &window)
     window.resize(size);
 }
 
-void remember(const QWidget &window)
+void WindowSize::remember(const QWidget &window)
 {
     const QSize size = window.normalGeometry().isValid() ? window.normalGeometry().size() : window.size();
-    platform::settings().setValue(
-        settingskeys::mainWindowSize,
+    settings::mainWindowSize.set(
         QStringLiteral("%1x%2").arg(QString::number(size.width()), QString::number(size.height())));
 }
-
-} // namespace WindowSize

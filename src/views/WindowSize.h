@@ -3,10 +3,10 @@
 class QWidget;
 
 /** Keeps the size of the main window from one run to the next. */
-namespace WindowSize {
-
-/** As it was left, if it was; never larger than the screen. */
-void restore(QWidget &window);
-void remember(const QWidget &window);
-
-} // namespace WindowSize
+class WindowSize
+{
+public:
+    /** As it was left, if it was; never larger than the screen. */
+    static void restore(QWidget &window);
+    static void remember(const QWidget &window);
+};

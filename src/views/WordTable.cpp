@@ -1,7 +1,6 @@
 #include "views/WordTable.h"
 
-#include "app/ground/SettingsKeys.h"
-#include "platform/Services.h"
+#include "app/ground/SettingsTable.h"
 #include "platform/Texts.h"
 #include "views/WordTableView.h"
 
@@ -41,7 +40,7 @@ WordTable::WordTable(WordTableView *view, const VocabularySource &source, Owner 
     m_model.setColumnTitle(WordTableModel::Comment, localized("Vocabulary", "commentTableColumnTitle"));
     m_model.setColumnTitle(WordTableModel::Tags, localized("Vocabulary", "tagsTableColumnTitle"));
     m_model.setColumnTitle(WordTableModel::LastAsked, localized("Vocabulary", "lastAskedTableColumnTitle"));
-    m_view->restoreColumns(platform::settings().text(settingskeys::vocabularyTableColumns));
+    m_view->restoreColumns(settings::vocabularyTableColumns.value().value_or(QString()));
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &WordTable::selectionChanged);
     connect(m_view->horizontalHeader(), &QHeaderView::sectionClicked, this, &WordTable::didClickTableColumn);
@@ -107,7 +106,7 @@ void WordTable::setSortIndicator()
 
 void WordTable::rememberLayout() const
 {
-    platform::settings().setValue(settingskeys::vocabularyTableColumns, m_view->columnLayout());
+    settings::vocabularyTableColumns.set(m_view->columnLayout());
 }
 
 QList<int> WordTable::selectedRows() const

@@ -10,7 +10,7 @@ namespace Icons {
 
 /**
  * A picture in the text colour of the palette, which it follows when the palette changes. Pictures whose name
- * ends in "_sel" take the palette's accent colour. An unknown name gives an empty icon.
+ * ends in "_sel" take the palette's accent colour. For an unknown name the icon is empty.
  */
 QIcon icon(const QString &name);
 
@@ -23,7 +23,7 @@ QPixmap pixmap(const QString &name, const QSize &size, qreal devicePixelRatio, c
 /** The program's own icon, in its own colours. */
 QIcon application();
 
-/** The picture of a memory level; anything above 4 gives that of level 5. */
+/** The picture of a memory level; anything above 4 is level 5. */
 QString levelName(int level);
 
 } // namespace Icons

@@ -22,7 +22,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    /** Runs the drag; gives back when it is over. */
+    /** Runs the drag; returns when it is over. */
     virtual void startDrag();
 
 private:

@@ -1,29 +1,20 @@
 #include "widgets/TAVBookmarkView.h"
 
-#include "platform/Services.h"
+#include "app/ground/SettingsTable.h"
 
 #include <QPainter>
 #include <QPainterPath>
 
-namespace {
-
-QString settingKey()
-{
-    return QStringLiteral("backgroundColor");
-}
-
-} // namespace
-
 TAVBookmarkView::TAVBookmarkView(QWidget *parent)
     : QWidget(parent)
 {
-    setColor(platform::settings().integer(settingKey()));
+    setColor(settings::backgroundColor.value());
 }
 
 void TAVBookmarkView::setColor(qint64 number)
 {
     m_color = colorForNumber(number);
-    platform::settings().setValue(settingKey(), number);
+    settings::backgroundColor.set(number);
     update();
 }
 

@@ -20,7 +20,7 @@ constexpr int crossWidth = 14;
 constexpr int minInputWidth = 70;
 constexpr int maxRows = 4;
 /** Longer texts are cut in their chip, not in what they say. */
-constexpr int widestChip = 220;
+constexpr int maxChipWidth = 220;
 
 QString cleaned(const QString &text)
 {
@@ -271,7 +271,7 @@ int TokenField::placeChips(int width, int rowHeight)
     int y = gap;
     for (const QString &token : std::as_const(m_tokens)) {
         const int chip = std::min({fontMetrics().horizontalAdvance(token) + 2 * chipPadding + crossWidth,
-                                   widestChip, width - 2 * gap});
+                                   maxChipWidth, width - 2 * gap});
         if (x > gap && x + chip > width - gap) {
             x = gap;
             y += rowHeight + gap;

@@ -51,7 +51,7 @@ private:
     void add(const QStringList &texts);
     void commitInput();
     void remove(int index);
-    /** Places chips and input in rows of that width; gives the height of all rows. */
+    /** Places chips and input in rows of that width; returns the height of all rows. */
     int placeChips(int width, int rowHeight);
     void arrange();
     void paintChips(const QRect &area);

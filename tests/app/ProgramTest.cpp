@@ -1,5 +1,4 @@
 #include "app/Composition.h"
-#include "app/ground/SettingsKeys.h"
 #include "quiz/forms/SegmentControl.h"
 #include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"
@@ -36,7 +35,7 @@ class ProgramTest : public ServicesTest
 protected:
     ProgramTest()
     {
-        services.settings.setValue(settingskeys::hasShownVocabularyHelp, true);
+        services.settings.setValue(QStringLiteral("hasShownVocabularyHelp"), true);
         program.awakeFromNib();
     }
     template <typename Type, typename Base> static Type *put(std::unique_ptr<Base> &place)
@@ -95,7 +94,7 @@ TEST_F(ProgramTest, WhatIsSharedStandsBeforeItIsAskedFor)
     EXPECT_TRUE(prompt->isConfiguredFirst) << "before there is any folder";
     EXPECT_EQ(RatingPrompt::shared(), prompt);
     EXPECT_EQ(sync->delegate, &program.mainWindowController());
-    services.settings.setValue(settingskeys::isEnableUserStatistics, true);
+    services.settings.setValue(QStringLiteral("isEnableUserStatistics"), true);
     makeLanguage();
     composition.delegate().applicationDidFinishLaunching({});
     EXPECT_EQ(usage->events, QStringList{u"languageInfo"_qs});

@@ -1,5 +1,4 @@
 #include "app/AppDelegate.h"
-#include "app/ground/SettingsKeys.h"
 #include "support/GuiTest.h"
 #include "sync/DropBoxController.h"
 #include "sync/TAVSyncLog.h"
@@ -123,8 +122,8 @@ TEST_F(StartStopTest, EveryCallComesInItsPlace)
                                        u"collect"_qs, u"window did finish"_qs}));
     EXPECT_EQ(services.diagnosticLines,
               QStringList{u"didFinishLaunchingWithOptions: notification name launch"_qs});
-    EXPECT_TRUE(services.settings.boolean(u"NSApplicationCrashOnExceptions"_qs));
-    EXPECT_EQ(services.settings.writtenKeys, QStringList{settingskeys::installationUuid});
+    EXPECT_EQ(services.settings.value(u"NSApplicationCrashOnExceptions"_qs), true);
+    EXPECT_EQ(services.settings.writtenKeys, QStringList{u"installation_uuid"_qs});
 
     EXPECT_EQ(numberOfBackups(), 25) << "the start waits for no background work";
     services.queues.drain();
@@ -153,7 +152,7 @@ TEST_F(StartStopTest, TheInstallationKeepsItsIdentity)
     EXPECT_EQ(receivers.globalProperties.size(), 1);
     EXPECT_EQ(start(), made);
 
-    services.settings.setValue(settingskeys::installationUuid, u"as it was stored"_qs);
+    services.settings.setValue(u"installation_uuid"_qs, u"as it was stored"_qs);
     EXPECT_EQ(start(), u"as it was stored"_qs);
-    EXPECT_EQ(services.settings.writtenKeys.count(settingskeys::installationUuid), 2);
+    EXPECT_EQ(services.settings.writtenKeys.count(u"installation_uuid"_qs), 2);
 }

@@ -143,7 +143,11 @@ const QList<Case> cases = {
 class ChangeStepsTest : public ServicesTest
 {
 protected:
-    ChangeStepsTest() { AppGround::applicationSupportFolder(); }
+    ChangeStepsTest()
+    {
+        AppGround::applicationSupportFolder();
+        document.setListShown();
+    }
 
     VocabularyDocument document;
 };

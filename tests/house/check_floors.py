@@ -11,7 +11,7 @@ import re
 import sys
 
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
-INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
+INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*["<]([^">]+)[">]', re.MULTILINE)
 README_ROW = re.compile(r"^\|(?P<floors>[^|]*`[^|]*)\|[^|]*\|(?P<widgets>[^|]*)\|$", re.MULTILINE)
 
 
@@ -42,6 +42,8 @@ def check_includes(src, ranks):
                 if (path.parent / target).exists():
                     yield f'{name}: include "{own}/{target}" by its whole path'
                 continue
+            if not (src / target.split("/")[0]).is_dir():
+                continue  # of a library
             floor = pathlib.PurePosixPath(target).parent.as_posix()
             if floor not in ranks:
                 yield f'{name}: "{target}" is on no floor'

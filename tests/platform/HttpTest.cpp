@@ -223,6 +223,25 @@ TEST_F(HttpTest, AServerIsListenedToWithinTheLimitsAndNoFurther)
     EXPECT_EQ(send({.url = gone.url()}).error, HttpError::network);
 }
 
+TEST_F(HttpTest, AServerThatFloodsTheClientKeepsNobodyElseFromBeingHeard)
+{
+    HttpServer flood([](QTcpSocket &socket, const QByteArray &) {
+        socket.write("HTTP/1.1 200 OK\r\nX-Endless: ");
+        auto *timer = new QTimer(&socket);
+        QObject::connect(timer, &QTimer::timeout, &socket, [&socket] {
+            if (socket.bytesToWrite() < 1 << 20)
+                socket.write(QByteArray(1 << 16, 'x'));
+        });
+        timer->start(0);
+    });
+    HttpServer honest(
+        [](QTcpSocket &socket, const QByteArray &) { socket.write(HttpServer::answer("200 OK", "{}")); });
+    HttpRequest request{.url = flood.url()};
+    request.limits.maxSilence = 300ms;
+    EXPECT_EQ(send(request).error, HttpError::silent);
+    EXPECT_EQ(send({.url = honest.url()}).status, 200);
+}
+
 TEST_F(HttpTest, ARequestSaysWhatItIsToldToAndNothingOfItsUser)
 {
     HttpServer server([](QTcpSocket &socket, const QByteArray &) {

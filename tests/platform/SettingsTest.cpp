@@ -47,10 +47,10 @@ TEST_F(SettingsTest, valuesOfEveryTypeAndKeysOfAnyCharacterComeBack)
 
     const auto read = open();
     for (qsizetype i = 0; i < keys.size(); ++i)
-        EXPECT_EQ(read->integer(keys.at(i)), i + 5'000'000'000) << keys.at(i).toStdString();
-    EXPECT_TRUE(read->boolean(QStringLiteral("b")));
-    EXPECT_EQ(read->real(QStringLiteral("r")), 2.5);
-    EXPECT_EQ(read->text(QStringLiteral("t")), QStringLiteral("  a, \"b\"; @x\nü "));
+        EXPECT_EQ(read->read<qint64>(keys.at(i)), i + 5'000'000'000) << keys.at(i).toStdString();
+    EXPECT_EQ(read->read<bool>(QStringLiteral("b")), true);
+    EXPECT_EQ(read->read<double>(QStringLiteral("r")), 2.5);
+    EXPECT_EQ(read->read<QString>(QStringLiteral("t")), QStringLiteral("  a, \"b\"; @x\nü "));
     read->remove(QStringLiteral("a/b"));
     EXPECT_FALSE(read->contains(QStringLiteral("a/b")));
     EXPECT_TRUE(read->contains(QStringLiteral("a//b")));
@@ -60,13 +60,17 @@ TEST_F(SettingsTest, valueOfAWrongTypeReadsAsTheDefaultAndThatAsNothing)
 {
     writeFile("[General]\nnumber=seven\nflag=perhaps\nreal=nan\ntext=one, two\nbig=99999999999999999999\n");
     const auto settings = open();
+    const auto ifRegistered = [](bool isRegistered, auto value) {
+        return isRegistered ? std::optional(value) : std::nullopt;
+    };
     for (const bool hasDefaults : {false, true}) {
-        EXPECT_EQ(settings->integer(QStringLiteral("number")), hasDefaults ? 7 : 0);
-        EXPECT_EQ(settings->integer(QStringLiteral("big")), 0);
-        EXPECT_EQ(settings->boolean(QStringLiteral("flag")), hasDefaults);
-        EXPECT_EQ(settings->real(QStringLiteral("real")), hasDefaults ? 0.5 : 0.0);
-        EXPECT_EQ(settings->text(QStringLiteral("text")), hasDefaults ? QStringLiteral("d") : QString());
-        EXPECT_EQ(settings->integer(QStringLiteral("absent")), hasDefaults ? 9 : 0);
+        EXPECT_EQ(settings->read<qint64>(QStringLiteral("number")), ifRegistered(hasDefaults, qint64(7)));
+        EXPECT_EQ(settings->read<qint64>(QStringLiteral("big")), std::nullopt);
+        EXPECT_EQ(settings->read<bool>(QStringLiteral("flag")), ifRegistered(hasDefaults, true));
+        EXPECT_EQ(settings->read<double>(QStringLiteral("real")), ifRegistered(hasDefaults, 0.5));
+        EXPECT_EQ(settings->read<QString>(QStringLiteral("text")),
+                  ifRegistered(hasDefaults, QStringLiteral("d")));
+        EXPECT_EQ(settings->read<qint64>(QStringLiteral("absent")), ifRegistered(hasDefaults, qint64(9)));
         settings->registerDefaults({{QStringLiteral("number"), 7},
                                     {QStringLiteral("flag"), true},
                                     {QStringLiteral("real"), 0.5},
@@ -83,7 +87,7 @@ TEST_F(SettingsTest, brokenFileReadsAsAbsentAndCanBeWrittenAgain)
     EXPECT_FALSE(settings->contains(QStringLiteral("no value")));
     settings->setValue(QStringLiteral("new"), 3);
     settings.reset();
-    EXPECT_EQ(open()->integer(QStringLiteral("new")), 3);
+    EXPECT_EQ(open()->read<qint64>(QStringLiteral("new")), 3);
 }
 
 } // namespace

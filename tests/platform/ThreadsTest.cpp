@@ -28,7 +28,7 @@ TEST_F(ThreadsTest, SettingsAreReadInTheBackgroundWhileTheyAreWritten)
     for (int i = 0; i < 4; ++i)
         queues.globalAsync([&] {
             while (!isOver)
-                wrong += !values.contains(settings->text(u"text"_s));
+                wrong += !values.contains(*settings->read<QString>(u"text"_s));
         });
     for (int i = 0; i < 200; ++i) {
         settings->setValue(u"text"_s, values.at(i % 2));

@@ -1,4 +1,3 @@
-#include "app/ground/SettingsKeys.h"
 #include "quiz/QuizFormsTest.h"
 #include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizResultPage.h"
@@ -147,7 +146,7 @@ TEST_F(FlashCardQuizTest, AutoplayKeepsItsPaceAndStopsBeforeTheResult)
     EXPECT_EQ(m_view.currentPage(), result);
     EXPECT_EQ(text(m_view.page(result), "statisticsMissspelled"), QStringLiteral("3 / 3"));
     EXPECT_TRUE(on<QWidget>(result, "restartWithWrongButton")->isHidden());
-    EXPECT_EQ(services.settings.integer(settingskeys::learnFlipLevel), 2);
+    EXPECT_EQ(services.settings.value(QStringLiteral("learnFlipLevel")), 2);
 
     // Switched on over a solution, it leaves that no longer than any other; an edit holds it.
     setSpeed(0);

@@ -51,7 +51,7 @@ TEST_F(InfoPanelsTest, OnlySafeLinksOfTheTwoButtonsAreOpened)
 TEST_F(InfoPanelsTest, ThePromptRemembersAnUnhappyUserAndStaysAway)
 {
     panels().showFeedbackPrompt();
-    EXPECT_TRUE(services.settings.boolean(QStringLiteral("userWasUnhappy")));
+    EXPECT_EQ(services.settings.value(QStringLiteral("userWasUnhappy")), true);
     m_setup.showQuiz();
     EXPECT_TRUE(on<QWidget>(QuizView::setupPage, "promptTabView")->isHidden());
 }

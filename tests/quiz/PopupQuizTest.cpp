@@ -1,4 +1,3 @@
-#include "app/ground/SettingsKeys.h"
 #include "quiz/QuizFormsTest.h"
 #include "quiz/forms/TAVPopupQuizController.h"
 #include "widgets/TAVCardView.h"
@@ -201,7 +200,7 @@ TEST_F(PopupQuizTest, TheCommentStandsWithTheQuestionOnlyIfTheUserWantsIt)
     const TAVWordRef word = m_words.add("Katze", "cat");
     word->setComment(QStringLiteral("a pet"));
     for (const bool wants : {true, false}) {
-        services.settings.setValue(settingskeys::isShowCommentWithQuestion, wants);
+        services.settings.setValue(QStringLiteral("isShowCommentWithQuestion"), wants);
         start({word});
         EXPECT_EQ(onCard<QLabel>("questionCommentTextField")->isVisible(), wants);
         startPopup({word});
@@ -260,10 +259,10 @@ TEST_F(PopupQuizTest, OnlyMovesOfTheUserOnTheScreenAreRemembered)
     services.clock.advanceSeconds(1);
     m_popup.quizWindow()->move(300, 200);
     processEvents();
-    EXPECT_EQ(services.settings.real(xKey), 300.0);
+    EXPECT_EQ(services.settings.value(xKey), 300.0);
     m_popup.quizWindow()->move(-5, 100);
     processEvents();
-    EXPECT_EQ(services.settings.real(xKey), 300.0);
+    EXPECT_EQ(services.settings.value(xKey), 300.0);
     m_popup.quizWindow()->move(300, 200);
     // No title bar: the panel is dragged by any free place.
     const auto mouse = [this](QEvent::Type type, const QPoint &global) {
@@ -278,7 +277,7 @@ TEST_F(PopupQuizTest, OnlyMovesOfTheUserOnTheScreenAreRemembered)
     check("cat");
     goOn();
     processEvents();
-    EXPECT_EQ(services.settings.real(xKey), 350.0);
+    EXPECT_EQ(services.settings.value(xKey), 350.0);
     services.clock.advanceSeconds(5 * 60);
     EXPECT_EQ(m_popup.quizWindow()->pos(), QPoint(350, 220));
 }

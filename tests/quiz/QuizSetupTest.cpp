@@ -160,8 +160,8 @@ TEST_F(QuizSetupTest, OptionsReachTheForm)
     EXPECT_EQ(direction->itemText(0), QStringLiteral("English"));
     direction->setCurrentIndex(1);
     emit direction->activated(1);
-    EXPECT_TRUE(services.settings.boolean(QStringLiteral("askForYourWord")));
-    EXPECT_FALSE(services.settings.boolean(QStringLiteral("askForForeignWord")));
+    EXPECT_EQ(services.settings.value(QStringLiteral("askForYourWord")), true);
+    EXPECT_EQ(services.settings.value(QStringLiteral("askForForeignWord")), false);
     pressReturn();
     pass();
     ASSERT_EQ(m_typing.wordsToAsk().size(), 1);

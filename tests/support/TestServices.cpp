@@ -270,10 +270,10 @@ platform::InputSourceRef TestInputSources::add(const QString &id, bool isSelectC
     return source;
 }
 
-void TestDesktop::notify(const QString &title, const QString &text, std::function<void()> chosen)
+void TestDesktop::notify(const QString &title, const QString &text, const std::function<void()> &chosen)
 {
     notifications.append(title + QLatin1String(": ") + text);
-    notificationChosen = std::move(chosen);
+    notificationChosen = chosen;
 }
 
 void TestSystemLog::write(platform::SystemLogLevel level, const QString &text)

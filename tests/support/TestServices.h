@@ -187,7 +187,7 @@ public:
     void activateApplication(Application application) override { activated.append(application); }
     void raiseAboveAll(quintptr windowId) override { raised.append(windowId); }
     bool canRaiseAboveAll() const override { return canRaise; }
-    void notify(const QString &title, const QString &text, std::function<void()> chosen) override;
+    void notify(const QString &title, const QString &text, const std::function<void()> &chosen) override;
     Application frontmost = 4711;
     QList<Application> activated;
     QList<quintptr> raised;

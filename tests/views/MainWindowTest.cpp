@@ -34,17 +34,17 @@ TEST_F(MainWindowTest, OpensTheLastLanguageOrTheFirst)
 {
     save(makeItalian());
     age(save(makeLanguage("Latin")));
-    services.settings.setValue(settingskeys::lastActiveLanguage, QStringLiteral("Latin - English"));
+    services.settings.setValue(QStringLiteral("lastActiveLanguage"), QStringLiteral("Latin - English"));
     start();
     EXPECT_EQ(vocabulary()->foreignLanguageName(), QStringLiteral("Latin"));
     EXPECT_EQ(control<QComboBox>("languagesPopUp")->currentText(), QStringLiteral("Latin - English"));
     EXPECT_EQ(hub->selectedTab(), MainTab::Vocabulary);
     hub.reset();
 
-    services.settings.setValue(settingskeys::lastActiveLanguage, QStringLiteral("Gone - English"));
+    services.settings.setValue(QStringLiteral("lastActiveLanguage"), QStringLiteral("Gone - English"));
     start();
     ASSERT_TRUE(vocabulary());
-    EXPECT_EQ(services.settings.text(settingskeys::lastActiveLanguage),
+    EXPECT_EQ(services.settings.value(QStringLiteral("lastActiveLanguage")),
               TAVStorageManager::displayNameForVocabulary(*vocabulary()));
 }
 
@@ -54,10 +54,11 @@ TEST_F(MainWindowTest, StandsWithoutAVocabularyWhereItCannotBeLoaded)
     ASSERT_TRUE(QFile::remove(path));
     ASSERT_TRUE(QDir().mkdir(path));
     age(save(makeItalian()));
-    services.settings.setValue(settingskeys::lastActiveLanguage, QStringLiteral("Broken - English"));
+    services.settings.setValue(QStringLiteral("lastActiveLanguage"), QStringLiteral("Broken - English"));
     start();
     EXPECT_FALSE(vocabulary());
-    EXPECT_EQ(services.settings.text(settingskeys::lastActiveLanguage), QStringLiteral("Broken - English"));
+    EXPECT_EQ(services.settings.value(QStringLiteral("lastActiveLanguage")),
+              QStringLiteral("Broken - English"));
 
     // Nothing that can be reached needs a vocabulary.
     for (const MainTabInfo &info : toolbarTabs)
@@ -159,15 +160,15 @@ TEST_F(MainWindowTest, OnlyWithConsentTheLanguageIsReported)
 {
     RecordingUsage usage;
     start();
-    services.settings.setValue(settingskeys::isEnableUserStatistics, true);
+    services.settings.setValue(QStringLiteral("isEnableUserStatistics"), true);
     hub->applicationDidFinishLaunching();
     EXPECT_TRUE(usage.calls.isEmpty()) << "there is no language yet";
     save(makeItalian());
     start();
     for (const bool isEnabled : {false, true}) {
         for (const bool isDisabled : {true, false}) {
-            services.settings.setValue(settingskeys::isEnableUserStatistics, isEnabled);
-            services.settings.setValue(settingskeys::isDisableUserStatistics, isDisabled);
+            services.settings.setValue(QStringLiteral("isEnableUserStatistics"), isEnabled);
+            services.settings.setValue(QStringLiteral("isDisableUserStatistics"), isDisabled);
             usage.calls.clear();
             hub->applicationDidFinishLaunching();
             EXPECT_EQ(usage.calls.isEmpty(), !isEnabled || isDisabled) << isEnabled << isDisabled;
@@ -188,7 +189,7 @@ TEST_F(MainWindowTest, TheWindowComesBackInItsSize)
     start();
     EXPECT_EQ(hub->mainWindow()->size(), small);
     for (const char *other : {"wide", "", "100000x100000"}) {
-        services.settings.setValue(settingskeys::mainWindowSize, QLatin1String(other));
+        services.settings.setValue(QStringLiteral("mainWindowSize"), QLatin1String(other));
         start();
         const QSize wanted = qstrcmp(other, "100000x100000") == 0 ? screen : QSize(1080, 720);
         EXPECT_EQ(hub->mainWindow()->size(), wanted.boundedTo(screen)) << other;
@@ -197,10 +198,10 @@ TEST_F(MainWindowTest, TheWindowComesBackInItsSize)
 
 TEST_F(MainWindowTest, HelpShowsOnceByItself)
 {
-    services.settings.remove(settingskeys::hasShownVocabularyHelp);
+    services.settings.remove(QStringLiteral("hasShownVocabularyHelp"));
     startWith(makeItalian());
     EXPECT_TRUE(hub->helpController()->isShowing());
-    EXPECT_TRUE(services.settings.boolean(settingskeys::hasShownVocabularyHelp));
+    EXPECT_EQ(services.settings.value(QStringLiteral("hasShownVocabularyHelp")), true);
     QTest::mouseClick(control<QWidget>("vocabularyHelp"), Qt::LeftButton);
     EXPECT_FALSE(hub->helpController()->isShowing());
     processEvents();

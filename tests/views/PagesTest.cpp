@@ -57,7 +57,7 @@ protected:
     {
         age(save(makeLanguage("Latin")));
         save(makeItalian());
-        services.settings.setValue(settingskeys::lastActiveLanguage, u"Italian - English"_s);
+        services.settings.setValue(u"lastActiveLanguage"_s, u"Italian - English"_s);
         makeHub();
         hub->awakeFromNib();
         hub->mainWindow()->show();
@@ -113,7 +113,7 @@ TEST_F(PagesTest, OnlyAChoiceByTheUserSwitchesTheLanguage)
               QStringList({u"Italian - English"_s, u"Latin - English"_s, QString(), u"Manage Languages…"_s}));
 
     chooseLanguage(u"Latin - English"_s);
-    EXPECT_EQ(services.settings.text(settingskeys::lastActiveLanguage), u"Latin - English"_s);
+    EXPECT_EQ(services.settings.value(u"lastActiveLanguage"_s), u"Latin - English"_s);
     EXPECT_EQ(languages().first(), u"Italian - English"_s) << "the menu isn't rebuilt by the choice";
 
     recorder.take();

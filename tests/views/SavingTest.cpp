@@ -149,6 +149,21 @@ TEST_F(ViewsTest, AFailedSaveStopsALevelSwitchAndARemovalOfDuplicates)
     EXPECT_EQ(vocabulary()->countAllWords(), count);
 }
 
+TEST_F(ViewsTest, NobodyHearsOfTheListBeforeItIsShown)
+{
+    save(makeItalian());
+    open();
+    watch();
+    dropOnRow(0, QStringLiteral("fresh"));
+    EXPECT_EQ(recorder.take(), QStringLiteral("save"));
+    words()->selectMemoryView(nullptr);
+    EXPECT_EQ(recorder.take(), QStringLiteral("save reload"));
+    services.clock.advanceSeconds(1);
+    recorder.take();
+    dropOnRow(0, QStringLiteral("other"));
+    EXPECT_EQ(recorder.take(), QStringLiteral("mark* save sync"));
+}
+
 TEST_F(ViewsTest, DuplicatesAreGoneFromTheFileWhenTheirNumberIsTold)
 {
     const TAVLexiconRef italian = makeItalian();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/ground/AppGround.h"
-#include "app/ground/SettingsKeys.h"
 #include "document/VocabularyDocument.h"
 #include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"
@@ -83,7 +82,7 @@ protected:
     {
         AppGround::applicationSupportFolder();
         DropBoxController::setSharedManager(&recorder);
-        services.settings.setValue(settingskeys::hasShownVocabularyHelp, true);
+        services.settings.setValue(QStringLiteral("hasShownVocabularyHelp"), true);
     }
     ~ViewsTest() override
     {
@@ -132,11 +131,15 @@ protected:
         ASSERT_TRUE(
             file.setFileTime(QDateTime(QDate(1990, 1, 1), QTime()), QFileDevice::FileModificationTime));
     }
-    void start()
+    void open()
     {
         hub = std::make_unique<TAVMainWindowController>(document);
         hub->awakeFromNib();
         hub->mainWindow()->show();
+    }
+    void start()
+    {
+        open();
         services.clock.advanceSeconds(1);
         processEvents();
     }

@@ -150,7 +150,7 @@ TEST_F(DrawnPieces, everyRibbonShowsTheStoredTheme)
     for (const qint64 number : {-1, 6, 4711}) {
         first.setColor(number);
         EXPECT_TRUE(isNear(first.color(), rgb(0.1, 0.1, 0.1)));
-        EXPECT_EQ(services.settings.integer(QStringLiteral("backgroundColor")), number);
+        EXPECT_EQ(services.settings.value(QStringLiteral("backgroundColor")), number);
     }
 }
 

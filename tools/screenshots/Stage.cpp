@@ -1,6 +1,5 @@
 #include "Stage.h"
 
-#include "app/ground/SettingsKeys.h"
 #include "storage/TAVStorageManager.h"
 
 #include <QApplication>
@@ -85,7 +84,7 @@ void Stage::open(bool withLanguage)
     m_composition = std::make_unique<Composition>();
     if (withLanguage)
         writeLanguage();
-    m_services.settings.setValue(settingskeys::hasShownVocabularyHelp, true);
+    m_services.settings.setValue(QStringLiteral("hasShownVocabularyHelp"), true);
     m_program = &m_composition->makeProgram();
     m_program->awakeFromNib();
     window()->resize(m_size);

@@ -9,6 +9,8 @@
 
 #include <QCoreApplication>
 
+#include <mutex>
+
 #include <unicode/locid.h>
 
 namespace {
@@ -29,6 +31,13 @@ RunState &state()
 {
     static RunState runState;
     return runState;
+}
+
+/** For the list of input sources: readers of files in the background renew it too. */
+std::mutex &listMutex()
+{
+    static std::mutex mutex;
+    return mutex;
 }
 
 QString madeFolder(const QString &path)
@@ -212,7 +221,7 @@ QString AppGround::nameWithoutRegion(const QString &localeDisplayName)
     return localeDisplayName.left(cut).trimmed();
 }
 
-QList<platform::InputSourceRef> AppGround::selectableInputSources(bool includeAllInstalled)
+QList<platform::InputSourceRef> AppGround::allInputSources(bool includeAllInstalled)
 {
     platform::InputSources &inputSources = *platform::services().inputSources;
     QList<platform::InputSourceRef> offered = inputSources.createInputSourceList(false);
@@ -226,20 +235,17 @@ QList<platform::InputSourceRef> AppGround::selectableInputSources(bool includeAl
     }
     if (offered.isEmpty())
         platform::diagnosticLog(QStringLiteral("AppDelegate > allInputSources > NO SOURCES"));
-    return selectable;
-}
-
-QList<platform::InputSourceRef> AppGround::allInputSources(bool includeAllInstalled)
-{
-    return state().inputSources = selectableInputSources(includeAllInstalled);
+    const std::lock_guard lock(listMutex());
+    return state().inputSources = selectable;
 }
 
 QStringList AppGround::namesForInputSources(const QList<platform::InputSourceRef> &sources)
 {
-    const RunState &run = state();
+    const std::lock_guard lock(listMutex());
+    const QList<platform::InputSourceRef> &last = state().inputSources;
     QStringList names;
-    for (qsizetype i = 0; i < std::min(sources.size(), run.inputSources.size()); ++i)
-        names.append(run.inputSources.at(i)->localizedName);
+    for (qsizetype i = 0; i < std::min(sources.size(), last.size()); ++i)
+        names.append(last.at(i)->localizedName);
     return names;
 }
 

@@ -55,9 +55,8 @@ public:
     /** The name up to its first opening parenthesis, trimmed. */
     static QString nameWithoutRegion(const QString &localeDisplayName);
 
-    /** The selectable input sources as they are known now. Any thread. */
-    static QList<platform::InputSourceRef> selectableInputSources(bool includeAllInstalled);
-    /** The same for the main thread; the list is remembered for namesForInputSources(). */
+    /** The selectable input sources as they are known now, remembered for namesForInputSources(). Any thread.
+     */
     static QList<platform::InputSourceRef> allInputSources(bool includeAllInstalled);
     /**
      * Names of the sources that allInputSources() returned last, whatever the given list holds: as many as it

@@ -124,10 +124,18 @@ void AlertDialogs::answer(const std::shared_ptr<Request> &request, int button)
 
 void AlertDialogs::end()
 {
-    std::deque<std::shared_ptr<Request>> waiting;
     {
         const std::lock_guard lock(m_mutex);
         m_isEnding = true;
+    }
+    answerAll();
+}
+
+void AlertDialogs::answerAll()
+{
+    std::deque<std::shared_ptr<Request>> waiting;
+    {
+        const std::lock_guard lock(m_mutex);
         waiting = m_waiting;
     }
     for (const auto &request : waiting)

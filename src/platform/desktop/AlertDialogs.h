@@ -29,10 +29,11 @@ public:
     ~AlertDialogs() override;
 
     int show(const Alert &alert) override;
-    /**
-     * The program is ending: every waiting alert and every later one gets its first button, so that nobody
-     * waits for a user who has left. Main thread only.
+    /** The program was asked to end: every alert that stands or waits gets its first button. Main thread
+     * only.
      */
+    void answerAll();
+    /** The same, and for every later one too, so that nobody waits for a user who has left. */
     void end();
 
 private:

@@ -96,9 +96,9 @@ bool EwmhDesktop::canRaiseAboveAll() const
            supported.contains(x11::atom(m_connection, "_NET_WM_STATE_ABOVE"));
 }
 
-void EwmhDesktop::notify(const QString &title, const QString &text, std::function<void()> chosen)
+void EwmhDesktop::notify(const QString &title, const QString &text, const std::function<void()> &chosen)
 {
-    m_notifications.show(title, text, std::move(chosen));
+    m_notifications.show(title, text, chosen);
 }
 
 } // namespace platform

@@ -18,7 +18,7 @@ public:
     void activateApplication(Application application) override;
     void raiseAboveAll(quintptr windowId) override;
     bool canRaiseAboveAll() const override;
-    void notify(const QString &title, const QString &text, std::function<void()> chosen) override;
+    void notify(const QString &title, const QString &text, const std::function<void()> &chosen) override;
 
 private:
     quint32 activeWindow() const;

@@ -24,9 +24,9 @@ public:
             }
         }
     }
-    void notify(const QString &title, const QString &text, std::function<void()> chosen) override
+    void notify(const QString &title, const QString &text, const std::function<void()> &chosen) override
     {
-        m_notifications.show(title, text, std::move(chosen));
+        m_notifications.show(title, text, chosen);
     }
 
 private:

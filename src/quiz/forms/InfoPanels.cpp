@@ -1,7 +1,7 @@
 #include "quiz/forms/InfoPanels.h"
 
 #include "DeployerValues.h"
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
 #include "quiz/forms/CardStyle.h"
@@ -82,7 +82,8 @@ bool InfoPanels::showInfoPanel()
 {
     const auto found = m_messageDict ? Announcement::fromDictionary(*m_messageDict) : std::nullopt;
     // What was dismissed has been hidden at that moment already.
-    if (found && found->displayedIn != QLatin1String("appstore") && platform::settings().boolean(found->uuid))
+    if (found && found->displayedIn != QLatin1String("appstore") &&
+        settings::isAnnouncementDismissed(found->uuid).value())
         return false;
     if (!found || !found->isDue(platform::secondsSince1970(platform::clock()))) {
         m_infoTabView->hide();
@@ -102,7 +103,7 @@ void InfoPanels::dontShowThisInfoAgain()
     m_infoTabView->hide();
     const auto shown = m_messageDict ? Announcement::fromDictionary(*m_messageDict) : std::nullopt;
     if (shown)
-        platform::settings().setValue(shown->uuid, true);
+        settings::isAnnouncementDismissed(shown->uuid).set(true);
 }
 
 void InfoPanels::goToInfoURL(QObject *sender)
@@ -119,7 +120,7 @@ void InfoPanels::goToInfoURL(QObject *sender)
 void InfoPanels::showFeedbackPrompt()
 {
     m_promptTabView->setCurrentIndex(feedbackTab);
-    platform::settings().setValue(settingskeys::userWasUnhappy, true);
+    settings::userWasUnhappy.set(true);
 }
 
 void InfoPanels::showRatingInvitation()

@@ -1,6 +1,6 @@
 #include "quiz/forms/PopupPanel.h"
 
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
 
@@ -25,8 +25,8 @@ PopupPanel::PopupPanel()
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
 {
     setAttribute(Qt::WA_QuitOnClose, false);
-    const double x = platform::settings().real(settingskeys::bgQuizWindowXOrigin);
-    const double y = platform::settings().real(settingskeys::bgQuizWindowYOrigin);
+    const double x = settings::bgQuizWindowXOrigin.value().value_or(0.0);
+    const double y = settings::bgQuizWindowYOrigin.value().value_or(0.0);
     if (x > 0 && y > 0 && x < maxPosition && y < maxPosition) {
         m_windowXPos = x;
         m_windowYPos = y;
@@ -98,8 +98,8 @@ void PopupPanel::moveEvent(QMoveEvent *event)
         return;
     m_windowXPos = double(float(pos().x()));
     m_windowYPos = double(float(pos().y()));
-    platform::settings().setValue(settingskeys::bgQuizWindowXOrigin, m_windowXPos);
-    platform::settings().setValue(settingskeys::bgQuizWindowYOrigin, m_windowYPos);
+    settings::bgQuizWindowXOrigin.set(m_windowXPos);
+    settings::bgQuizWindowYOrigin.set(m_windowYPos);
 }
 
 void PopupPanel::closeEvent(QCloseEvent *event)

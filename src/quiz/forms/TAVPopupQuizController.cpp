@@ -1,6 +1,6 @@
 #include "quiz/forms/TAVPopupQuizController.h"
 
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
@@ -98,9 +98,9 @@ void TAVPopupQuizController::localize()
 
 void TAVPopupQuizController::restoreInterval()
 {
-    const qint64 minutes = platform::settings().integer(settingskeys::popupQuizInterval);
-    if (minutes >= minMinutes && minutes <= maxRestoredMinutes)
-        m_running->intervalStepper->setValue(int(minutes));
+    const std::optional<qint64> minutes = settings::popupQuizInterval.value();
+    if (minutes && *minutes >= minMinutes && *minutes <= maxRestoredMinutes)
+        m_running->intervalStepper->setValue(int(*minutes));
 }
 
 void TAVPopupQuizController::connectControls()
@@ -220,7 +220,7 @@ void TAVPopupQuizController::updateInterval(int minutes)
         platform::diagnosticLog(QStringLiteral("BackgroundQuizController > updateInterval > out of range"));
         return;
     }
-    platform::settings().setValue(settingskeys::popupQuizInterval, minutes);
+    settings::popupQuizInterval.set(minutes);
     m_questionIntervalMinutes = minutes;
     const QSignalBlocker quiet(m_running->intervalStepper);
     m_running->intervalStepper->setValue(minutes);

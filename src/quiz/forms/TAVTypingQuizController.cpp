@@ -1,6 +1,6 @@
 #include "quiz/forms/TAVTypingQuizController.h"
 
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
 #include "quiz/forms/CardStyle.h"
@@ -145,9 +145,9 @@ void TAVTypingQuizController::showBeginning()
     m_view->statusText()->setVisible(true);
     m_view->setProgressVisible(true);
     showQuestionControls(true);
-    const bool showsHelp = !platform::settings().boolean(settingskeys::hasShownQuizHelpQuestion);
+    const bool showsHelp = !settings::hasShownQuizHelpQuestion.value();
     if (showsHelp)
-        platform::settings().setValue(settingskeys::hasShownQuizHelpQuestion, true);
+        settings::hasShownQuizHelpQuestion.set(true);
     m_ui->cardRightHelpArrow->setVisible(showsHelp);
     m_ui->cardRightHelpText->setVisible(showsHelp);
     m_ui->answerTextField->setFocus();
@@ -196,7 +196,7 @@ void TAVTypingQuizController::executeNext()
     // After two presses within the delay, the first may have answered the last word already.
     if (!nextWord())
         return;
-    if (platform::settings().boolean(settingskeys::hasShownQuizHelpQuestion)) {
+    if (settings::hasShownQuizHelpQuestion.value()) {
         m_ui->cardRightHelpArrow->hide();
         m_ui->cardRightHelpText->hide();
     }
@@ -254,19 +254,19 @@ void TAVTypingQuizController::showMark(Verdict verdict)
 
 void TAVTypingQuizController::showLeftHelp(Verdict verdict)
 {
-    const QLatin1String key = isRight(verdict) ? settingskeys::hasShownQuizHelpCorrectAnswer
-                              : verdict == Verdict::misspelled
-                                  ? settingskeys::hasShownQuizHelpMisspelledAnswer
-                                  : settingskeys::hasShownQuizHelpWrongAnswer;
+    const settings::QuizHelpSetting &hasShown = isRight(verdict) ? settings::hasShownQuizHelpCorrectAnswer
+                                                : verdict == Verdict::misspelled
+                                                    ? settings::hasShownQuizHelpMisspelledAnswer
+                                                    : settings::hasShownQuizHelpWrongAnswer;
     // A word on the lowest level can't fall: there is nothing to explain.
     const bool explains = verdict != Verdict::wrong || m_run.lastWordOriginLevel() != 0;
-    const bool shows = explains && !platform::settings().boolean(key);
+    const bool shows = explains && !hasShown.value();
     m_ui->cardLeftHelpArrow->setVisible(shows);
     m_ui->cardLeftHelpText->setVisible(shows);
     if (!shows)
         return;
     m_ui->cardLeftHelpText->setText(helpText(verdict));
-    platform::settings().setValue(key, true);
+    hasShown.set(true);
 }
 
 void TAVTypingQuizController::iKnewIt()
@@ -358,10 +358,10 @@ void TAVTypingQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)
 
 void TAVTypingQuizController::resetQuizHelp()
 {
-    for (const QLatin1String key :
-         {settingskeys::hasShownQuizHelpQuestion, settingskeys::hasShownQuizHelpCorrectAnswer,
-          settingskeys::hasShownQuizHelpMisspelledAnswer, settingskeys::hasShownQuizHelpWrongAnswer})
-        platform::settings().setValue(key, false);
+    for (const settings::QuizHelpSetting &hasShown :
+         {settings::hasShownQuizHelpQuestion, settings::hasShownQuizHelpCorrectAnswer,
+          settings::hasShownQuizHelpMisspelledAnswer, settings::hasShownQuizHelpWrongAnswer})
+        hasShown.set(false);
 }
 
 void TAVTypingQuizController::setControl(QWidget *control, bool enableAndShow)

@@ -16,7 +16,7 @@ namespace {
  * Steps that one archive may take to read, about one for each field, list member and character. A vocabulary
  * of 100,000 words takes a tenth; only objects that are referred to again and again come near.
  */
-constexpr qint64 maxSteps = 64 * 1000 * 1000;
+constexpr qint64 maxSteps = qint64(64) * 1000 * 1000;
 
 struct ClassNames
 {

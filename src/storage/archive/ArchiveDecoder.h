@@ -21,7 +21,7 @@ public:
     using Read = std::function<void(const ArchiveDecoder &)>;
 
     /** Larger archives are not read; one of 100,000 words takes a third. */
-    static constexpr qsizetype maxBytes = 64 * 1024 * 1024;
+    static constexpr qsizetype maxBytes = qsizetype(64) * 1024 * 1024;
 
     /** Reads the root object, which must be of that class. False when the archive is unreadable. */
     static bool unarchive(QByteArrayView archive, QLatin1StringView rootClass, const Read &read);

@@ -21,7 +21,7 @@ public:
     bool isLogFile(const QString &fileName) const;
     /** The newest first. */
     QList<DDLogFileInfo> sortedLogFileInfos() const;
-    /** Makes an empty file, deletes old ones, and gives its path; empty if it cannot be made. */
+    /** Makes an empty file, deletes old ones, and returns its path; empty if it cannot be made. */
     QString createNewLogFile();
     void deleteOldLogFiles();
 

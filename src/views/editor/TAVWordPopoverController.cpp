@@ -1,7 +1,7 @@
 #include "views/editor/TAVWordPopoverController.h"
 
 #include "app/ground/AppGround.h"
-#include "app/ground/SettingsKeys.h"
+#include "app/ground/SettingsTable.h"
 #include "document/VocabularyDocument.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
@@ -144,9 +144,8 @@ void TAVWordPopoverController::setupPopoverGUI()
     m_ui->foreignLangNameTextField->setText(m_vocabulary->foreignLanguageName());
     m_ui->yourLangWordTextField->setAccessibleName(yourName);
     m_ui->foreignWordTextField->setAccessibleName(m_vocabulary->foreignLanguageName());
-    const platform::Settings &settings = platform::settings();
-    m_isSwitchTagsKeyboardToForeign = settings.boolean(settingskeys::isSwitchKeyboardTagsToForeign);
-    m_isSwitchCommentKeyboardToForeign = settings.boolean(settingskeys::isSwitchKeyboardCommentToForeign);
+    m_isSwitchTagsKeyboardToForeign = settings::isSwitchKeyboardTagsToForeign.value();
+    m_isSwitchCommentKeyboardToForeign = settings::isSwitchKeyboardCommentToForeign.value();
 
     if (isMany)
         showManyWords();

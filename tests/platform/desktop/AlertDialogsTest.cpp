@@ -157,11 +157,16 @@ TEST_F(AlertDialogsTest, TheEndAnswersAllWithTheirFirstButton)
         });
     }
     ASSERT_TRUE(QTest::qWaitFor([] { return shownAlert() != nullptr; }));
-    alerts.end();
+    alerts.answerAll();
     for (std::thread &thread : threads)
         thread.join();
     EXPECT_EQ(answered, 3);
     EXPECT_EQ(shownAlert(), nullptr);
     EXPECT_FALSE(services.mainDispatcher.isGateClosed());
+    // A save that fails at the very end must still be told.
+    whileWaiting([] { click(1); });
+    EXPECT_EQ(alerts.show({u"last"_qs, {}, {u"a"_qs, u"b"_qs}}), 1);
+    whileWaiting([&] { alerts.end(); });
+    EXPECT_EQ(alerts.show({u"standing"_qs, {}, {u"a"_qs, u"b"_qs}}), 0);
     EXPECT_EQ(alerts.show({u"late"_qs, {}, {u"a"_qs}}), 0);
 }

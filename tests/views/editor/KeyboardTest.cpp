@@ -60,8 +60,8 @@ TEST_F(KeyboardTest, FieldsSwitchToTheirLanguageAndBack)
         vocabulary->setYourTextInputSourceId(QString::fromLatin1(each.yours));
         vocabulary->setForeignTextInputSourceId(QString::fromLatin1(each.foreign));
         vocabulary->setIsAutoSelectInputSource(each.isAuto);
-        services.settings.setValue(settingskeys::isSwitchKeyboardCommentToForeign, each.commentForeign);
-        services.settings.setValue(settingskeys::isSwitchKeyboardTagsToForeign, each.tagsForeign);
+        services.settings.setValue(u"isSwitchKeyboardCommentToForeign"_s, each.commentForeign);
+        services.settings.setValue(u"isSwitchKeyboardTagsToForeign"_s, each.tagsForeign);
         EXPECT_EQ(walk(), QLatin1String(each.steps));
         if (!each.isAuto) {
             EXPECT_TRUE(services.inputSources.selected.isEmpty());

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/ground/AppGround.h"
-#include "app/ground/SettingsKeys.h"
 #include "document/VocabularyDocument.h"
 #include "storage/TAVStorageManager.h"
 #include "support/GuiTest.h"
