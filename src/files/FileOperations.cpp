@@ -73,6 +73,15 @@ int FileOperations::statusOf(const QByteArray &path, bool followsLink, struct st
     return orError(fstatat(AT_FDCWD, path.constData(), status, followsLink ? 0 : AT_SYMLINK_NOFOLLOW));
 }
 
+qint64 FileOperations::timeOfBirth(const QByteArray &path)
+{
+    struct statx status = {};
+    if (statx(AT_FDCWD, path.constData(), AT_SYMLINK_NOFOLLOW, STATX_BTIME, &status) != 0 ||
+        !(status.stx_mask & STATX_BTIME))
+        return 0;
+    return qint64(status.stx_btime.tv_sec) * 1000 + status.stx_btime.tv_nsec / 1000000;
+}
+
 int FileOperations::remove(const QByteArray &path)
 {
     return orError(unlink(path.constData()));

@@ -35,6 +35,8 @@ public:
     virtual int dropFromCache(int file);
 
     virtual int statusOf(const QByteArray &path, bool followsLink, struct stat *status);
+    /** In milliseconds since 1970; 0 where the file system doesn't know. */
+    virtual qint64 timeOfBirth(const QByteArray &path);
     virtual int remove(const QByteArray &path);
     /** In one step; a file that has the new name is replaced. */
     virtual int rename(const QByteArray &from, const QByteArray &to);

@@ -112,13 +112,17 @@ Result<QList<Entry>> list(const QString &folder)
         // No text leads back to a name that isn't one.
         if (!QByteArrayView(name).isValidUtf8())
             continue;
-        Entry entry{QFile::decodeName(name), false, {}};
+        Entry entry;
+        entry.name = QFile::decodeName(name);
         struct stat status = {};
         if (operations().statusOf(path + '/' + name, false, &status) >= 0) {
             entry.isFolder = S_ISDIR(status.st_mode);
             entry.size = status.st_size;
-            entry.modified = QDateTime::fromMSecsSinceEpoch(
-                qint64(status.st_mtim.tv_sec) * 1000 + status.st_mtim.tv_nsec / 1000000, Qt::UTC);
+            const qint64 modified = qint64(status.st_mtim.tv_sec) * 1000 + status.st_mtim.tv_nsec / 1000000;
+            const qint64 born = operations().timeOfBirth(path + '/' + name);
+            entry.modified = QDateTime::fromMSecsSinceEpoch(modified, Qt::UTC);
+            entry.created =
+                QDateTime::fromMSecsSinceEpoch(born > 0 ? std::min(born, modified) : modified, Qt::UTC);
         }
         entries.append(entry);
     }

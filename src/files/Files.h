@@ -48,6 +48,8 @@ struct Entry
     bool isFolder = false;
     /** Invalid if the entry could not be examined. */
     QDateTime modified;
+    /** The earlier of its birth, where the file system knows that, and its last change. */
+    QDateTime created;
     qint64 size = 0;
 };
 
