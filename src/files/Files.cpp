@@ -99,6 +99,15 @@ bool exists(const QString &path)
     return isPath(path) && operations().statusOf(QFile::encodeName(path), true, &status) >= 0;
 }
 
+Identity identityOf(const QString &path)
+{
+    struct stat status = {};
+    if (!isPath(path) || operations().statusOf(QFile::encodeName(path), true, &status) < 0)
+        return {};
+    return {status.st_dev, status.st_ino, status.st_size,
+            qint64(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec};
+}
+
 Result<QList<Entry>> list(const QString &folder)
 {
     if (!isPath(folder))

@@ -40,6 +40,22 @@ Result<> makeFolder(const QString &path);
 /** Whether anything stands there; a link counts as what it leads to. */
 bool exists(const QString &path);
 
+/** Tells whether a file is still the one that it was, without reading it. */
+struct Identity
+{
+    quint64 device = 0;
+    quint64 number = 0;
+    qint64 size = 0;
+    /** Of the last change, in nanoseconds since 1970. */
+    qint64 changed = 0;
+
+    bool isValid() const { return number != 0; }
+    bool operator==(const Identity &) const = default;
+};
+
+/** Invalid if nothing stands there; a link counts as what it leads to. */
+Identity identityOf(const QString &path);
+
 /** One of the names in a folder. */
 struct Entry
 {

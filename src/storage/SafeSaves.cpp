@@ -16,14 +16,14 @@ files::Journal journal()
     return files::Journal(AppGround::ownFolderPath(QStringLiteral("Journal")));
 }
 
+} // namespace
+
+namespace storage {
+
 bool isInVocabularyFolder(const QString &path)
 {
     return QFileInfo(path).path() == AppGround::vocabularyFolderPath();
 }
-
-} // namespace
-
-namespace storage {
 
 files::Result<> writeVocabularyFile(const QString &path, const QByteArray &bytes)
 {

@@ -9,6 +9,9 @@
 /** What stands beside the plain write of a vocabulary's file, so that no stop in its middle costs a word. */
 namespace storage {
 
+/** Whether it is the file of a language, rather than an export or any other. */
+bool isInVocabularyFolder(const QString &path);
+
 /**
  * Writes the file in place; one of the vocabulary folder through the journal. An export or any other file has
  * no record.

@@ -5,6 +5,7 @@
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "storage/Backups.h"
+#include "storage/Overwriting.h"
 #include "storage/SafeSaves.h"
 #include "storage/StorageAlerts.h"
 #include "storage/VocabularyFiles.h"
@@ -82,11 +83,15 @@ bool TAVStorageManager::saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const
         storage::showSaveFailure(*vocabulary, storage::Failure::Compression);
         return false;
     }
+    const bool isReadable = json.size() <= storage::maxReadableJson;
+    if (storage::isInVocabularyFolder(path))
+        storage::rescueBeforeSave(path, *vocabulary, isReadable);
     if (const files::Result<> written = storage::writeVocabularyFile(path, *compressed); !written) {
         logFailure("saveVoc", path, written.error());
         storage::showSaveFailure(*vocabulary, storage::Failure::Write, written.error());
         return false;
     }
+    storage::noteWritten(path, isReadable);
     storage::backUpIfDue(path);
     return true;
 }
@@ -112,8 +117,10 @@ TAVLexiconRef TAVStorageManager::vocabularyFromFile(const QString &path)
 {
     const bool isArchive = QFileInfo(path).suffix() == archiveExtension;
     const TAVLexiconRef vocabulary = isArchive ? vocabularyFromLXAFile(path) : vocabularyFromTAVVFile(path);
-    if (vocabulary)
+    if (vocabulary) {
         vocabulary->setFileNameWhereLoadedFrom(QFileInfo(path).fileName());
+        storage::noteLoaded(path);
+    }
     return vocabulary;
 }
 
@@ -171,4 +178,5 @@ void TAVStorageManager::tidyBackups()
 void TAVStorageManager::resetForTest()
 {
     storage::forgetLastBackup();
+    storage::forgetWritten();
 }

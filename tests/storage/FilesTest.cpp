@@ -4,6 +4,7 @@
 #include "files/RecordingOperations.h"
 #include "storage/Backups.h"
 #include "storage/LanguageName.h"
+#include "support/Words.h"
 #include "usage/logging/DDLog.h"
 
 #include <QRegularExpression>
@@ -324,6 +325,60 @@ TEST_F(FilesTest, theNewestBackupThatOpensIsNamedAndNoneGoesWithoutACopy)
     EXPECT_EQ(storage::newestBackupThatOpens(u"English.tavv"_s), QString());
     storage::tidyBackupsIn(backupFolder);
     EXPECT_EQ(rescued().size(), 5) << "a language could not be loaded in this run";
+}
+
+TEST_F(FilesTest, aSaveDestroysNoWordThatNobodyHasSeen)
+{
+    const QString path = inVocabularies(u"Italian - English.tavv"_s);
+    const auto rescued = [] {
+        const QStringList names = QDir(rescue::folderPath()).entryList(QDir::Files);
+        QDir(rescue::folderPath()).removeRecursively();
+        return names.size();
+    };
+    const auto withWords = [](const QStringList &texts) {
+        const TAVLexiconRef vocabulary = makeNamed(u"Italian"_s);
+        for (const QString &text : texts)
+            vocabulary->addWord(makeWord({text, text}));
+        return vocabulary;
+    };
+    const auto startAnew = [] { TAVStorageManager::resetForTest(); };
+
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s, u"b"_s})));
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s})));
+    EXPECT_EQ(rescued(), 0) << "this run's own last write";
+    startAnew();
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s, u"c"_s})));
+    EXPECT_EQ(rescued(), 0) << "no word goes";
+    startAnew();
+    const TAVLexiconRef loaded = TAVStorageManager::vocabularyFromFile(path);
+    loaded->removeWords(loaded->allWords());
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(loaded));
+    EXPECT_EQ(rescued(), 0) << "what was loaded and deleted";
+
+    // An old backup in the folder, whose names point at the newer file.
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s, u"b"_s})));
+    QFile::copy(path, inVocabularies(u"Old.tavv"_s));
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s, u"b"_s, u"c"_s})));
+    startAnew();
+    ASSERT_TRUE(TAVStorageManager::vocabularyFromFile(path));
+    const TAVLexiconRef old = TAVStorageManager::vocabularyFromFile(inVocabularies(u"Old.tavv"_s));
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(old));
+    EXPECT_EQ(rescued(), 1);
+    for (const int expected : {0, 1}) {
+        writeBytes(path, expected ? bzip2("{\"unknownWords\":{\"words\":[{\"yw\":\"z\"}]}}") : "unreadable");
+        ASSERT_TRUE(TAVStorageManager::saveVocabulary(old));
+        EXPECT_EQ(rescued(), expected) << "one copy an hour";
+        services.clock.advanceSeconds(3601);
+    }
+
+    // What passes the ceiling can't be opened again: the last version that can stays.
+    const TAVLexiconRef large = withWords({});
+    for (int i = 0; i < 90; ++i)
+        large->addWord(makeWord({QString(50'000, QChar(u'a' + i % 26)) + QString::number(i), u"x"_s}));
+    for (const int expected : {1, 0}) {
+        ASSERT_TRUE(TAVStorageManager::saveVocabulary(large));
+        EXPECT_EQ(rescued(), expected);
+    }
 }
 
 TEST_F(FilesTest, aSaveWritesOnceInPlaceAndThenCopies)
