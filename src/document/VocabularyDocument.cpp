@@ -48,8 +48,6 @@ TAVLexiconRef VocabularyDocument::presentVersionOf(const TAVLexiconRef &given) c
     return isSameFile ? m_vocabulary : given;
 }
 
-// Its own reference holds the vocabulary when a step closes it.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
 ChangeOutcome VocabularyDocument::proceed(Change change, int piece, TAVLexiconRef vocabulary)
 {
     ChangeOutcome outcome;

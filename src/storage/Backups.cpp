@@ -66,7 +66,7 @@ QString backupName(const QString &fileName, const QDateTime &now)
 /** Returns whether a backup of the file is due, which then counts as made. */
 bool takeTurn(const QString &fileName, const QDateTime &now)
 {
-    constexpr qint64 quarterOfAnHour = 900 * 1000;
+    constexpr qint64 quarterOfAnHour = 900'000;
     LastBackup &last = lastBackup();
     const QMutexLocker lock(&last.mutex);
     // The name comes first: a language that is saved after every answer is backed up once, not every quarter

@@ -12,7 +12,8 @@ constexpr double innerCornerCover = 30.0;
 
 QColor grey(double white)
 {
-    return QColor::fromRgbF(white, white, white);
+    const auto part = float(white);
+    return QColor::fromRgbF(part, part, part);
 }
 
 /** The start colour lies at the lower edge. */
@@ -107,7 +108,8 @@ void TAVCardView::paintEvent(QPaintEvent *)
 void TAVCardView::drawRightHalf(QPainter &painter, const QRectF &card) const
 {
     // At an odd width the exact middle would smear the divider over two pixels.
-    const double left = width() / 2 + 0.5;
+    const int middle = width() / 2;
+    const double left = middle + 0.5;
     const QRectF half(QPointF(left, card.top()), card.bottomRight());
     QPainterPath path = roundedPath(half);
     path.addRect(QRectF(half.topLeft(), QSizeF(std::min(innerCornerCover, half.width()), half.height())));

@@ -1,5 +1,6 @@
 #include "platform/desktop/AlertDialog.h"
 
+#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>

@@ -143,7 +143,7 @@ QString ibusAddress()
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QByteArray key("IBUS_ADDRESS=");
-    for (const QByteArray &line : file.read(64 * 1024).split('\n')) {
+    for (const QByteArray &line : file.read(qint64(64) * 1024).split('\n')) {
         if (line.startsWith(key))
             return QString::fromUtf8(line.mid(key.size()).trimmed());
     }
