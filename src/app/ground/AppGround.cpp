@@ -156,7 +156,10 @@ QStringList AppGround::loadAllAvailableLanguagePaths()
 QDateTime AppGround::todaysDate()
 {
     const QTimeZone zone = platform::clock().timeZone();
-    return platform::clock().now().toTimeZone(zone).date().startOfDay(zone);
+    const QDate today = platform::clock().now().toTimeZone(zone).date();
+    const QDateTime start = today.startOfDay(zone);
+    // An invalid day would be stored as one of 1970, and all later ones in its place.
+    return start.isValid() ? start : today.startOfDay(Qt::UTC);
 }
 
 QString AppGround::timeSinceDate(const QDateTime &date)
