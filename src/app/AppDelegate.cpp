@@ -31,8 +31,13 @@ AppDelegate::AppDelegate()
 {
     DDLog::addLogger(DDASLLogger::sharedInstance());
     DDLog::addLogger(DDTTYLogger::sharedInstance());
-    applicationSupportFolder();
-    storage::finishTornWrites();
+    m_folderLock.emplace(applicationSupportFolder());
+    if (m_folderLock->state() == files::FolderLock::State::Unavailable)
+        platform::diagnosticLog(
+            QStringLiteral("AppDelegate > init > no lock for the folder: another Tavimo may work in it"));
+    // What another program is just writing is not for us to finish.
+    if (!isFolderTaken())
+        storage::finishTornWrites();
 }
 
 AppDelegate::~AppDelegate()
