@@ -113,8 +113,10 @@ TEST_F(VocabularyDocumentTest, LongWorkEndsInTheVocabularyThatStandsForTheGivenO
     document.commit(Change::WordsImported, document.vocabulary());
     EXPECT_EQ(reloaded()->countAllWords(), 1) << "the word that was imported is in the file";
 
-    document.setVocabulary(named(u"Latin"_s));
-    EXPECT_EQ(document.presentVersionOf(given), given) << "another language was chosen";
+    for (const TAVLexiconRef &other : {named(u"Latin"_s), NewLanguage::make(u"French"_s, u"Italian"_s)}) {
+        document.setVocabulary(other);
+        EXPECT_EQ(document.presentVersionOf(given), given) << "another language was chosen";
+    }
     document.setVocabulary(nullptr);
     EXPECT_EQ(document.presentVersionOf(given), given);
     EXPECT_EQ(document.presentVersionOf(nullptr), nullptr);

@@ -53,6 +53,7 @@ TEST_F(FlashCardQuizTest, AClickShowsTheSolutionAndTheNextOneBooksAsSkipped)
     clickCard();
     EXPECT_EQ(onCardText("correctAnswerTextField"), QStringLiteral("dog"));
     EXPECT_TRUE(shows("commentTextField"));
+    EXPECT_TRUE(on<QPushButton>(card, "editButton")->isEnabled());
     EXPECT_EQ(m_recorder.take(), QString());
     EXPECT_FALSE(words[0]->lastAsked().isValid());
 
@@ -61,6 +62,7 @@ TEST_F(FlashCardQuizTest, AClickShowsTheSolutionAndTheNextOneBooksAsSkipped)
     EXPECT_EQ(m_cards.run().numberOfSkipped(), 1);
     EXPECT_EQ(m_cards.currentWord(), words[1]);
     EXPECT_FALSE(shows("correctAnswerTextField"));
+    EXPECT_FALSE(on<QPushButton>(card, "editButton")->isEnabled()) << "it would show the solution";
     EXPECT_EQ(onCardText("questionTextField"), QStringLiteral("cat")) << "drawn for each question";
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("2 of 3"));
     for (int i = 0; i < 3; ++i)
@@ -224,7 +226,9 @@ TEST_F(FlashCardQuizTest, TheCountdownAsksTheSameWordsAgainUnlessItIsStopped)
     const TAVWordRef deleted = m_cards.currentWord();
     clickCard();
     m_cards.wordPopoverDidDeleteWords({deleted});
+    EXPECT_TRUE(shows("deletedImageView"));
     pass();
+    EXPECT_FALSE(shows("deletedImageView")) << "the next word is there";
     EXPECT_NE(m_cards.currentWord(), deleted);
     EXPECT_FALSE(m_cards.wordsToAsk().contains(deleted));
 }
@@ -250,6 +254,21 @@ TEST_F(FlashCardQuizTest, StoppingBooksTheLastMarkAndWrongWordsComeAgainInTheirO
     EXPECT_EQ(m_view.currentPage(), card);
     EXPECT_EQ(m_cards.wordsToAsk(), (TAVWordList{words[0], words[1]}));
     EXPECT_EQ(m_view.statusText()->text(), QStringLiteral("1 of 2"));
+}
+
+TEST_F(FlashCardQuizTest, OnlyItsOwnResultOffersTheCountdown)
+{
+    startCards({m_words.add("Hund", "dog")});
+    on<QPushButton>(card, "stopButton")->click();
+    pass();
+    EXPECT_TRUE(on<QWidget>(result, "countdownButton")->isVisible());
+
+    start({m_words.add("Katze", "cat")});
+    answer("cat");
+    pressReturn();
+    pass();
+    ASSERT_EQ(m_view.currentPage(), result);
+    EXPECT_FALSE(on<QWidget>(result, "countdownButton")->isVisible());
 }
 
 TEST_F(FlashCardQuizTest, OnlyTheHighestLevelOffersNotToAskAgain)

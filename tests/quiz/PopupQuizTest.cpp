@@ -119,6 +119,14 @@ TEST_F(PopupQuizTest, EveryWayOutUnlocksTheWindowAndLosesNoAnswer)
             EXPECT_FALSE(isInSight());
         }
     }
+
+    // No further question comes over the result.
+    startPopup(twoWords());
+    check("cat");
+    goOn();
+    stopByWindow();
+    services.clock.advanceSeconds(3600);
+    EXPECT_EQ(tab(), 2);
 }
 
 TEST_F(PopupQuizTest, WhatAVerdictAndAnOverruleShow)
@@ -132,6 +140,7 @@ TEST_F(PopupQuizTest, WhatAVerdictAndAnOverruleShow)
     } cases[] = {{"cat", "✓", false, true},
                  {"cta", "≈", false, false},
                  {"dog", "X", true, false},
+                 {"  ", "X", true, false},
                  {"", "", true, false}};
     for (const auto &c : cases) {
         SCOPED_TRACE(c.answer);
@@ -193,6 +202,16 @@ TEST_F(PopupQuizTest, ADeletedWordOffersNothingAndTheNextQuestionComesWithoutIts
     services.clock.advanceSeconds(60);
     EXPECT_EQ(shown("questionTextField"), QStringLiteral("Maus"));
     EXPECT_FALSE(knewIt->isChecked());
+}
+
+TEST_F(PopupQuizTest, ADeletedWordCanNoLongerBeExcluded)
+{
+    startPopup(twoWords(5));
+    check("cat");
+    auto *box = panel<QCheckBox>("dontAskAgainCheckBox");
+    ASSERT_TRUE(box->isEnabled());
+    m_popup.wordPopoverDidDeleteWords({m_popup.currentWord()});
+    EXPECT_FALSE(box->isEnabled());
 }
 
 TEST_F(PopupQuizTest, TheCommentStandsWithTheQuestionOnlyIfTheUserWantsIt)
@@ -291,6 +310,10 @@ TEST_F(PopupQuizTest, WhereThePanelCannotComeUpANotificationOpensIt)
     services.desktop.raised.clear();
     services.desktop.notificationChosen();
     EXPECT_EQ(services.desktop.raised.size(), 1);
+
+    m_popup.quizWindow()->close();
+    services.desktop.notificationChosen();
+    EXPECT_FALSE(isInSight()) << "nothing is left to show";
 }
 
 } // namespace

@@ -71,6 +71,8 @@ TEST_F(QuizSetupTest, TheNumberIsWhatIsDueButAtMostThirty)
     EXPECT_EQ(on<QLabel>(page, "nativeNoOfDueLabel")->text(), QStringLiteral("33 due"));
     QTest::mouseClick(level("quizAskNativeButton"), Qt::LeftButton);
     EXPECT_EQ(number(), 12);
+    const QColor dimmed = on<QLabel>(page, "nativeNoOfDueLabel")->palette().color(QPalette::WindowText);
+    EXPECT_NEAR(dimmed.alphaF(), LevelButton::alphaOff, 0.01);
 
     // After a sync the counts follow, and the levels stay as they are.
     addDue(2, 0);

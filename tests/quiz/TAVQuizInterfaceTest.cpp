@@ -134,8 +134,9 @@ TEST_F(TAVQuizInterfaceTest, keepsToTheChosenTags)
 {
     const TAVWordRef both = makeWord({.tags = {u"a"_s, u"b"_s}});
     const TAVWordRef one = makeWord({.level = 1, .tags = {u"a"_s}, .lastAsked = services.clock.now()});
-    m_vocabulary->batchAddWords({both, one, makeWord({})});
+    m_vocabulary->batchAddWords({both, one, makeWord({}), makeWord({.level = 5})});
     TAVQuizInterface quiz(m_vocabulary);
+    quiz.setAskNative(true);
     quiz.setFilterTags({u"a"_s, u"b"_s});
     EXPECT_EQ(run(quiz), TAVWordSet({both, one}));
     quiz.setNumberOfWordsToAsk(30);

@@ -165,6 +165,18 @@ TEST_F(TypingQuizTest, WhatAVerdictShows)
     EXPECT_TRUE(onCard<QLabel>("cardLeftHelpText")->isVisible());
 }
 
+TEST_F(TypingQuizTest, NoCommentStandsWhereNoQuestionIsLeft)
+{
+    const TAVWordRef word = m_words.add("Katze", "cat");
+    word->setComment(QStringLiteral("a pet"));
+    services.settings.setValue(QStringLiteral("isShowCommentWithQuestion"), true);
+    start({word});
+    ASSERT_EQ(onCardText("questionCommentTextField"), word->comment());
+    answer("cat");
+    EXPECT_EQ(onCardText("questionCommentTextField"), QString());
+    EXPECT_EQ(onCardText("commentTextField"), word->comment());
+}
+
 TEST_F(TypingQuizTest, ASynonymOnTheLastQuestionAsksTheWordOnceMore)
 {
     const TAVWordRef asked = m_words.add("Hund", "dog");
@@ -230,9 +242,11 @@ TEST_F(TypingQuizTest, AnEditedWordShowsItsNewTextsAndADeletedOneIsNotAskedAgain
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible()) << "another word than that on the left";
     m_typing.wordPopoverDidDeleteWords({a});
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isHidden());
+    EXPECT_TRUE(onCard<QWidget>("deletedImageView")->isVisible());
     EXPECT_FALSE(onCard<QCheckBox>("iKnewItCheckBox")->isEnabled());
     EXPECT_TRUE(m_typing.run().wrongAnsweredWords().isEmpty());
     answer("y");
+    EXPECT_FALSE(onCard<QWidget>("deletedImageView")->isVisible()) << "another word stands there";
     EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible());
     onCard<QPushButton>("editButton")->click();
     onCard<QPushButton>("showStatisticsButton")->click();
@@ -274,6 +288,7 @@ TEST_F(TypingQuizTest, ARunThatWasLeftStaysOnItsVocabularyAndDoesNotComeBackByIt
     m_setup.showQuiz();
     pass();
     EXPECT_EQ(m_view.currentPage(), QuizView::setupPage);
+    EXPECT_FALSE(m_view.progressIndicator()->isVisible());
     EXPECT_EQ(m_typing.run().numberOfAnswers(), 1);
 }
 

@@ -133,6 +133,7 @@ TEST_F(MainWindowTest, TheRoadOfASharedFolder)
     EXPECT_TRUE(control<QLabel>("firstSyncCheckMark2")->isVisible());
     EXPECT_TRUE(control<QWidget>("firstSyncProgress")->isVisible());
     hub->dropboxControllerDidFinishSync();
+    EXPECT_FALSE(control<QWidget>("firstSyncProgress")->isVisible());
     EXPECT_TRUE(begin->isVisible());
     begin->click();
     EXPECT_EQ(services.alerts.shown.last().title, QStringLiteral("No languages found"));

@@ -115,6 +115,9 @@ TEST_F(PagesTest, OnlyAChoiceByTheUserSwitchesTheLanguage)
     chooseLanguage(u"Latin - English"_s);
     EXPECT_EQ(services.settings.value(u"lastActiveLanguage"_s), u"Latin - English"_s);
     EXPECT_EQ(languages().first(), u"Italian - English"_s) << "the menu isn't rebuilt by the choice";
+    age(TAVStorageManager::savePathForVocabulary(*vocabulary()));
+    hub->updateLanguagesPopup();
+    EXPECT_EQ(popUp->currentText(), u"Latin - English"_s) << "the current language, not the youngest";
 
     recorder.take();
     chooseLanguage(u"Manage Languages…"_s);
@@ -261,6 +264,11 @@ TEST_F(PagesTest, ASyncReloadsAFileThatHasChanged)
     hub->dropboxControllerDidFinishSync();
     EXPECT_EQ(vocabulary(), before);
     EXPECT_EQ(recorder.take(), u"settings.synced quiz.synced"_s);
+
+    save(makeLanguage("Greek"));
+    hub->dropboxControllerDidFinishSync();
+    EXPECT_TRUE(languages().contains(u"Greek - English"_s)) << "from another machine";
+    recorder.take();
 
     hub->dropboxControllerDidLinkSuccessfully();
     EXPECT_EQ(recorder.take(), QString());

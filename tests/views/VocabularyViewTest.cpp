@@ -77,6 +77,9 @@ TEST_F(ViewsTest, SearchTagsAndSynonymsNarrowTheList)
     EXPECT_TRUE(control<QWidget>("searchBackgroundView")->isVisible());
     EXPECT_EQ(text("infoTextField"), QStringLiteral("Words that match “CAS”."));
     EXPECT_EQ(text("statusTextField"), QStringLiteral("2 of 4 words found"));
+    click("level2Button");
+    EXPECT_EQ(text("infoTextField"), QStringLiteral("Words that match “CAS”."));
+    click("allWordsButton");
 
     auto *cloud = control<M3TokenCloud>("tagCloud");
     cloud->setSelectedTokenNames({QStringLiteral("home"), QStringLiteral("gone")});
@@ -92,6 +95,9 @@ TEST_F(ViewsTest, SearchTagsAndSynonymsNarrowTheList)
     EXPECT_EQ(shownWords(), list("house")) << "tags count for the synonyms too";
     click("selectNoneTagsButton");
     EXPECT_EQ(shownWords(), list("home house"));
+    search->setText(QStringLiteral("hous"));
+    EXPECT_EQ(text("statusTextField"), QStringLiteral("1 of 4 words found"));
+    search->clear();
     EXPECT_TRUE(control<QWidget>("synonymsShowAllButton")->isVisible());
     click("synonymsShowAllButton");
     EXPECT_FALSE(words()->isSynonymsActive());
@@ -170,6 +176,23 @@ TEST_F(ViewsTest, AddingSelectsTheRowOfThePlaceInTheList)
     words()->showAddWordPanel();
     EXPECT_EQ(table()->selectedRowList(), QList<int>{0});
     EXPECT_EQ(words()->selectedWord()->yourWord(), QStringLiteral("dog")) << "the mirrored row, as ever";
+}
+
+TEST_F(ViewsTest, NoFilterHidesTheWordThatIsAdded)
+{
+    startWith(makeItalian());
+    auto *search = control<QLineEdit>("searchField");
+    auto *cloud = control<M3TokenCloud>("tagCloud");
+    for (const bool isSearched : {true, false}) {
+        search->setText(QLatin1String(isSearched ? "hous" : ""));
+        cloud->setSelectedTokenNames(isSearched ? platform::TextSet() : vocabulary()->allTags());
+        words()->updateEntireView();
+        ASSERT_EQ(shownWords(), list("house"));
+        words()->showAddWordPanel();
+        EXPECT_EQ(shownWords(), QStringList({QString(), QStringLiteral("dog")}));
+        EXPECT_TRUE(words()->wordEditor()->isPanelVisible());
+        click("allWordsButton");
+    }
 }
 
 TEST_F(ViewsTest, ChoosingAnotherRowGivesUpTheNewWordAndNoOther)
@@ -352,6 +375,8 @@ TEST_F(ViewsTest, TheStatusLineTellsOfWordsAndOfTheLastSync)
     EXPECT_EQ(text("syncStatusTextField"), QStringLiteral("just now"));
     table()->selectOnlyRow(0);
     EXPECT_EQ(text("statusTextField"), QStringLiteral("Words in all: 3, one selected"));
+    table()->clearSelection();
+    EXPECT_EQ(text("statusTextField"), QStringLiteral("Words in all: 3"));
     click("level2Button");
     EXPECT_EQ(text("statusTextField"), QStringLiteral("1 of 3 words"));
 }

@@ -5,6 +5,10 @@
 
 #include <thread>
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 using platform::SingleInstance;
 using namespace std::chrono_literals;
 
@@ -59,6 +63,22 @@ TEST_F(SingleInstanceTest, OneIsFirstUntilItEnds)
 
     first.reset();
     EXPECT_EQ(SingleInstance(folder).start(1s), SingleInstance::Role::first);
+}
+
+TEST_F(SingleInstanceTest, WhatACrashedRunLeftBehindIsInNobodysWay)
+{
+    ASSERT_TRUE(QDir().mkpath(folder));
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const QByteArray path = QFile::encodeName(folder + u"/tavimo.socket"_qs);
+    qstrncpy(address.sun_path, path.constData(), sizeof(address.sun_path));
+    const int left = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(left, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
+    close(left);
+
+    SingleInstance first(folder);
+    ASSERT_EQ(first.start(1s), SingleInstance::Role::first);
+    EXPECT_EQ(startMeanwhile(), SingleInstance::Role::second);
 }
 
 TEST_F(SingleInstanceTest, NoiseOnTheSocketDoesNoHarm)

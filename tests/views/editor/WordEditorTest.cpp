@@ -199,6 +199,12 @@ TEST_F(WordEditorTest, GoesOnWithTheCounterpartsInANewVocabulary)
     EXPECT_TRUE(comment()->hasFocus());
     services.clock.advance(1s);
     EXPECT_TRUE(comment()->hasFocus()) << "given back for good";
+
+    // Of several with its texts, the one that the vocabulary itself finds.
+    const TAVLexiconRef withTwins =
+        otherVersion({makeWord({u"dog"_s, u"cane"_s}), makeWord({u"dog"_s, u"cane"_s})});
+    editor->updateVocabulary(withTwins);
+    EXPECT_EQ(editor->selectedWords(), TAVWordList{withTwins->findWordEqualTo(*dog)});
 }
 
 TEST_F(WordEditorTest, TakesThePlaceholderAlongOrEndsWithoutCounterparts)

@@ -233,6 +233,11 @@ TEST_F(WordSavingTest, ManyWordsWithCommonTagsLoseTheOneTakenAway)
     EXPECT_EQ(sortedTags(water), QStringList(u"food"_s));
     EXPECT_EQ(sortedTags(bread), QStringList(u"food"_s));
     EXPECT_FALSE(vocabulary->allTags().contains(u"wet"_s));
+
+    bread->setTags({u"food"_s, u"dry"_s});
+    edit({water, bread});
+    click("okButton");
+    EXPECT_EQ(sortedTags(bread), QStringList({u"dry"_s, u"food"_s})) << "more than the first word's";
 }
 
 TEST_F(WordSavingTest, FlagOfManyWords)
@@ -269,6 +274,13 @@ TEST_F(WordSavingTest, FlagOfManyWords)
         EXPECT_EQ(water->dontAskAgain(), each.result);
         EXPECT_EQ(bread->dontAskAgain(), each.result);
     }
+
+    // One word after many: a single click is enough again.
+    bread->setDontAskAgain(false);
+    edit({bread});
+    dontAsk()->click();
+    click("okButton");
+    EXPECT_TRUE(bread->dontAskAgain());
 }
 
 TEST_F(WordSavingTest, DeletesOneAtOnceAndSeveralAfterAQuestion)
