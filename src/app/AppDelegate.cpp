@@ -4,6 +4,7 @@
 #include "app/ground/SettingsTable.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
+#include "storage/SafeSaves.h"
 #include "storage/TAVStorageManager.h"
 #include "sync/DropBoxController.h"
 #include "sync/TAVSyncLog.h"
@@ -30,7 +31,13 @@ AppDelegate::AppDelegate()
 {
     DDLog::addLogger(DDASLLogger::sharedInstance());
     DDLog::addLogger(DDTTYLogger::sharedInstance());
-    applicationSupportFolder();
+    m_folderLock.emplace(applicationSupportFolder());
+    if (m_folderLock->state() == files::FolderLock::State::Unavailable)
+        platform::diagnosticLog(
+            QStringLiteral("AppDelegate > init > no lock for the folder: another Tavimo may work in it"));
+    // What another program is just writing is not for us to finish.
+    if (!isFolderTaken())
+        storage::finishTornWrites();
 }
 
 AppDelegate::~AppDelegate()

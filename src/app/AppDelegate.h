@@ -1,6 +1,9 @@
 #pragma once
 
 #include "app/ground/AppGround.h"
+#include "files/FolderLock.h"
+
+#include <optional>
 
 /** What the entry object tells the main window. */
 class MainWindowLink
@@ -20,9 +23,14 @@ class AppDelegate : public AppGround
 public:
     /** What comes before everything else, even before the one instance: when the rating prompt asks. */
     static void load();
-    /** Opens the log and makes the program's folder. */
+    /** Opens the log, makes the program's folder, and finishes what an earlier run was writing there. */
     AppDelegate();
     ~AppDelegate() override;
+    /** Another program works in the folder. Then this one must not go on: the last to save would win. */
+    bool isFolderTaken() const
+    {
+        return m_folderLock && m_folderLock->state() == files::FolderLock::State::TakenByAnother;
+    }
 
     void applicationWillFinishLaunching();
     /** Not owned; set once the main window stands, and back to null before it goes. */
@@ -47,4 +55,5 @@ private:
     static void startUsageClient();
 
     MainWindowLink *m_mainWindowController = nullptr;
+    std::optional<files::FolderLock> m_folderLock;
 };

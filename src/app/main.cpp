@@ -28,11 +28,22 @@ int end(SystemServices &services, int result)
     return result;
 }
 
+/** Tells why there can be no second program; the process's result. */
+int refuse(SystemServices &services, const QString &text)
+{
+    std::fputs(qPrintable(text + u'\n'), stderr);
+    platform::services().alerts->show({QStringLiteral("Tavimo"), text, {platform::localized("quit")}});
+    return end(services, 1);
+}
+
 /** From the first folder to the end of all work; the process's result. */
 int run(Application &application, SystemServices &services, SingleInstance &instance)
 {
     Composition composition;
     AppDelegate &delegate = composition.delegate();
+    if (delegate.isFolderTaken())
+        return refuse(services,
+                      platform::localized("folderTaken").arg(AppDelegate::applicationSupportFolder()));
     if (AppDelegate::vocabularyFolderPath().isEmpty())
         return end(services, 1); // The user has been told that there is nowhere to keep anything.
     application.setShouldTerminate([&delegate] { return delegate.applicationShouldTerminate(); });
@@ -55,17 +66,18 @@ int main(int argc, char **argv)
     platform::installTexts(platform::userLocaleName());
     SystemServices services;
 
-    SingleInstance instance(platform::services().folders->runtimeDirectory());
-    const SingleInstance::Role role = instance.start(patienceWithFirst);
-    if (role == SingleInstance::Role::second)
-        return end(services, 0);
-    if (role == SingleInstance::Role::blocked) {
-        std::fputs("Tavimo is already running but doesn't answer.\n", stderr);
-        return end(services, 1);
-    }
-
     QObject::connect(&application, &Application::ending, &application,
                      [&](bool isRunning) { isRunning ? services.answerAlerts() : services.endAlerts(); });
     application.quitOnSignals();
+
+    const QString runtimeFolder = platform::services().folders->runtimeDirectory();
+    SingleInstance instance(runtimeFolder);
+    const SingleInstance::Role role = instance.start(patienceWithFirst);
+    if (role == SingleInstance::Role::second)
+        return end(services, 0);
+    if (role == SingleInstance::Role::blocked)
+        return refuse(services, platform::localized("noAnswer"));
+    if (role == SingleInstance::Role::unwritable)
+        return refuse(services, platform::localized("runtimeUnwritable").arg(runtimeFolder));
     return run(application, services, instance);
 }

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
 #include <dirent.h>
@@ -42,6 +43,21 @@ qint64 FileOperations::write(int file, const char *bytes, qint64 size)
     return orError(qint64(::write(file, bytes, size_t(size))));
 }
 
+int FileOperations::reserve(int file, qint64 size)
+{
+    return orError(fallocate(file, FALLOC_FL_KEEP_SIZE, 0, size));
+}
+
+int FileOperations::cutTo(int file, qint64 size)
+{
+    return orError(ftruncate(file, size));
+}
+
+int FileOperations::sync(int file)
+{
+    return orError(fsync(file));
+}
+
 int FileOperations::statusOfOpen(int file, struct stat *status)
 {
     return orError(fstat(file, status));
@@ -57,9 +73,23 @@ int FileOperations::statusOf(const QByteArray &path, bool followsLink, struct st
     return orError(fstatat(AT_FDCWD, path.constData(), status, followsLink ? 0 : AT_SYMLINK_NOFOLLOW));
 }
 
+qint64 FileOperations::timeOfBirth(const QByteArray &path)
+{
+    struct statx status = {};
+    if (statx(AT_FDCWD, path.constData(), AT_SYMLINK_NOFOLLOW, STATX_BTIME, &status) != 0 ||
+        !(status.stx_mask & STATX_BTIME))
+        return 0;
+    return qint64(status.stx_btime.tv_sec) * 1000 + status.stx_btime.tv_nsec / 1000000;
+}
+
 int FileOperations::remove(const QByteArray &path)
 {
     return orError(unlink(path.constData()));
+}
+
+int FileOperations::rename(const QByteArray &from, const QByteArray &to)
+{
+    return orError(::rename(from.constData(), to.constData()));
 }
 
 int FileOperations::makeFolder(const QByteArray &path, unsigned mode)

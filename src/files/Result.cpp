@@ -34,8 +34,14 @@ QString Error::text() const
 {
     if (number != 0)
         return qt_error_string(number);
-    return reason == Reason::TooLarge ? QStringLiteral("Larger than can be read")
-                                      : QStringLiteral("Not a regular file");
+    switch (reason) {
+    case Reason::TooLarge:
+        return QStringLiteral("Larger than can be read");
+    case Reason::LinkToNothing:
+        return QStringLiteral("A link that leads nowhere");
+    default:
+        return QStringLiteral("Not a regular file");
+    }
 }
 
 } // namespace files

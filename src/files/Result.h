@@ -13,8 +13,10 @@ enum class Reason {
     NoPermission,
     /** The disk or the user's share of it is full. */
     NoSpace,
-    /** A folder, a link that would lead elsewhere, a pipe or a device stands where a file is expected. */
+    /** A folder, a pipe or a device stands where a file is expected. */
     NotRegular,
+    /** A link whose other end doesn't exist. */
+    LinkToNothing,
     /** The file is larger than the caller is ready to read. */
     TooLarge,
     /** A file of that name exists and must not be replaced. */

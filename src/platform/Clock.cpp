@@ -1,6 +1,7 @@
 #include "platform/Clock.h"
 
 #include "platform/MainDispatcher.h"
+#include "platform/UserTimeZone.h"
 
 #include <QPointer>
 #include <QThread>
@@ -45,7 +46,7 @@ public:
     }
 
     QDateTime now() const override { return systemTime(); }
-    QTimeZone timeZone() const override { return QTimeZone::systemTimeZone(); }
+    QTimeZone timeZone() const override { return userTimeZone(now()); }
 
     std::unique_ptr<Timer> startTimer(milliseconds interval, bool repeats,
                                       std::function<void()> fire) override

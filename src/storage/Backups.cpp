@@ -1,12 +1,18 @@
 #include "storage/Backups.h"
 
 #include "app/ground/AppGround.h"
+#include "app/ground/Rescue.h"
 #include "files/Files.h"
 #include "platform/Services.h"
+#include "storage/VocabularyFiles.h"
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QMap>
 #include <QMutex>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace {
 
@@ -16,12 +22,37 @@ struct LastBackup
     QString fileName;
     /** Invalid before the first backup of the run. */
     QDateTime time;
+    bool keepsAll = false;
 };
 
 LastBackup &lastBackup()
 {
     static LastBackup last;
     return last;
+}
+
+/** The name of the file of which this is a backup; empty if it is none. */
+QString backedUpName(const QString &backup)
+{
+    static const QRegularExpression form(QStringLiteral("^(.*)-\\d{4}(?:-\\d\\d){5}\\.tavv$"),
+                                         QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = form.match(QFileInfo(backup).fileName());
+    return match.hasMatch() ? match.captured(1) + QStringLiteral(".tavv") : QString();
+}
+
+/** The files among the paths that must not go without a copy: the newest of each name, or all of them. */
+QStringList irreplaceable(QStringList paths, bool isAll)
+{
+    if (isAll)
+        return paths;
+    // Their stamps sort by time.
+    std::sort(paths.begin(), paths.end());
+    QMap<QString, QString> newest;
+    for (const QString &path : std::as_const(paths)) {
+        if (const QString name = backedUpName(path); !name.isEmpty())
+            newest.insert(name, path);
+    }
+    return newest.values();
 }
 
 QString backupName(const QString &fileName, const QDateTime &now)
@@ -75,7 +106,7 @@ FolderContent contentOf(const QString &folder, const QDateTime &now)
             const QString path = parent + u'/' + entry.name;
             if (entry.isFolder)
                 folders.append(path);
-            else if (entry.modified.isValid() && entry.modified.msecsTo(now) > thirtyDays)
+            else if (entry.created.isValid() && entry.created.msecsTo(now) > thirtyDays)
                 content.old.append(path);
         }
     }
@@ -104,8 +135,44 @@ void tidyBackupsIn(const QString &folder)
     const quint64 numberToStayBelow = content.total - 20;
     if (quint64(content.old.size()) >= numberToStayBelow)
         return;
+    bool keepsAll = false;
+    {
+        LastBackup &last = lastBackup();
+        const QMutexLocker lock(&last.mutex);
+        keepsAll = last.keepsAll;
+    }
+    for (const QString &path : irreplaceable(content.old, keepsAll))
+        rescue::keepFile(path);
     for (const QString &path : content.old)
         std::ignore = files::remove(path);
+}
+
+QString newestBackupThatOpens(const QString &fileName)
+{
+    const QString folder = AppGround::backupFolderPath();
+    const files::Result<QList<files::Entry>> entries = files::list(folder);
+    QStringList names;
+    if (entries) {
+        for (const files::Entry &entry : *entries) {
+            if (backedUpName(entry.name) == fileName)
+                names.append(entry.name);
+        }
+    }
+    std::sort(names.rbegin(), names.rend());
+    for (const QString &name : std::as_const(names)) {
+        const QString path = folder + u'/' + name;
+        const files::Result<QByteArray> bytes = files::read(path, maxReadableFile);
+        if (bytes && decompressed(*bytes))
+            return path;
+    }
+    return {};
+}
+
+void keepAllBackups()
+{
+    LastBackup &last = lastBackup();
+    const QMutexLocker lock(&last.mutex);
+    last.keepsAll = true;
 }
 
 void forgetLastBackup()
@@ -114,6 +181,7 @@ void forgetLastBackup()
     const QMutexLocker lock(&last.mutex);
     last.fileName.clear();
     last.time = {};
+    last.keepsAll = false;
 }
 
 } // namespace storage

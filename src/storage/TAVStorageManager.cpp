@@ -5,15 +5,16 @@
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "storage/Backups.h"
+#include "storage/Overwriting.h"
+#include "storage/SafeSaves.h"
+#include "storage/StorageAlerts.h"
 #include "storage/VocabularyFiles.h"
 #include "storage/archive/ArchiveDecoder.h"
 #include "storage/archive/ArchiveEncoder.h"
 #include "usage/logging/DDLog.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QJsonParseError>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -23,68 +24,10 @@ constexpr int ddLogLevel = ddlog::levelAll;
 constexpr QLatin1StringView archiveRootClass = "TAVLexicon"_L1;
 constexpr QLatin1StringView archiveExtension = "lxa"_L1;
 
-enum class Failure { FileRead, Decompression, Compression, Write };
-
-QString nameOfFailure(Failure failure)
-{
-    switch (failure) {
-    case Failure::FileRead:
-        return QStringLiteral("(File read error)");
-    case Failure::Decompression:
-        return QStringLiteral("(Decompression error)");
-    case Failure::Compression:
-        return QStringLiteral("(Compression error)");
-    case Failure::Write:
-        break;
-    }
-    return QStringLiteral("(Write error)");
-}
-
-/** The last path component without its extension. */
-QString nameForMessages(const QString &path)
-{
-    return QFileInfo(path).completeBaseName();
-}
-
 /** The alerts only say that a file could not be had. Why, stands in the log. */
 void logFailure(const char *operation, const QString &path, const files::Error &error)
 {
     DDLogError(QStringLiteral("StorageM > %1 > %2: %3").arg(QLatin1String(operation), path, error.text()));
-}
-
-int showError(const QString &text, const QStringList &buttons, const QString &additionalLine = {})
-{
-    return platform::services().alerts->show({u"Error"_s, text, buttons, additionalLine});
-}
-
-/** Programs are started from the main thread, while the sync reads files on its own. */
-void openBackupFolder(const QString &folder)
-{
-    const QCoreApplication *application = QCoreApplication::instance();
-    if (!application || application->thread() == QThread::currentThread())
-        platform::services().browser->openFolder(folder);
-    else
-        platform::services().queues->mainAsync(
-            nullptr, [folder] { platform::services().browser->openFolder(folder); });
-}
-
-void showLoadFailure(const QString &path, Failure failure)
-{
-    const QString backupFolder = AppGround::backupFolderPath();
-    const QString text = QStringLiteral("The selected language '%1' could not be loaded. %2\nGo to "
-                                        "'~/Library/Application Support/Tavimo/Backups' to restore from the "
-                                        "last backup copy.");
-    const int button = showError(text.arg(nameForMessages(path), nameOfFailure(failure)),
-                                 {u"OK"_s, u"Go to backups folder"_s}, backupFolder);
-    if (button == 1)
-        openBackupFolder(backupFolder);
-}
-
-void showSaveFailure(const TAVLexicon &vocabulary, Failure failure)
-{
-    const QString text = QStringLiteral(
-        "The selected language '%1' could not be saved. %2\nPlease restart Tavimo and try again.");
-    showError(text.arg(vocabulary.foreignLanguageName(), nameOfFailure(failure)), {u"OK"_s});
 }
 
 /** A slash would lead into another folder, and a null would end the name early. */
@@ -132,19 +75,23 @@ bool TAVStorageManager::saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const
     if (json.size() > storage::maxWritableJson) {
         QJsonParseError error;
         error.error = QJsonParseError::DocumentTooLarge;
-        showError(error.errorString(), {u"OK"_s});
+        storage::showError(error.errorString());
         return false;
     }
     const std::optional<QByteArray> compressed = storage::compressed(json);
     if (!compressed) {
-        showSaveFailure(*vocabulary, Failure::Compression);
+        storage::showSaveFailure(*vocabulary, storage::Failure::Compression);
         return false;
     }
-    if (const files::Result<> written = files::writeInPlace(path, *compressed); !written) {
+    const bool isReadable = json.size() <= storage::maxReadableJson;
+    if (storage::isInVocabularyFolder(path))
+        storage::rescueBeforeSave(path, *vocabulary, isReadable);
+    if (const files::Result<> written = storage::writeVocabularyFile(path, *compressed); !written) {
         logFailure("saveVoc", path, written.error());
-        showSaveFailure(*vocabulary, Failure::Write);
+        storage::showSaveFailure(*vocabulary, storage::Failure::Write, written.error());
         return false;
     }
+    storage::noteWritten(path, isReadable);
     storage::backUpIfDue(path);
     return true;
 }
@@ -160,7 +107,7 @@ bool TAVStorageManager::saveVocabularyToLXAFile(TAVLexiconRef vocabulary, const 
         archive.isEmpty() ? files::Result<>(files::Error()) : files::writeInPlace(path, archive);
     if (!written) {
         logFailure("saveVoc", path, written.error());
-        showSaveFailure(*vocabulary, Failure::Write);
+        storage::showSaveFailure(*vocabulary, storage::Failure::Write, written.error());
         return false;
     }
     return true;
@@ -170,8 +117,10 @@ TAVLexiconRef TAVStorageManager::vocabularyFromFile(const QString &path)
 {
     const bool isArchive = QFileInfo(path).suffix() == archiveExtension;
     const TAVLexiconRef vocabulary = isArchive ? vocabularyFromLXAFile(path) : vocabularyFromTAVVFile(path);
-    if (vocabulary)
+    if (vocabulary) {
         vocabulary->setFileNameWhereLoadedFrom(QFileInfo(path).fileName());
+        storage::noteLoaded(path);
+    }
     return vocabulary;
 }
 
@@ -184,13 +133,13 @@ TAVLexiconRef TAVStorageManager::vocabularyFromTAVVFile(const std::optional<QStr
     const files::Result<QByteArray> bytes = files::read(*path, storage::maxReadableFile);
     if (!bytes && !bytes.failedBy(files::Reason::TooLarge)) {
         logFailure("vocFromTAVVFile", *path, bytes.error());
-        showLoadFailure(*path, Failure::FileRead);
+        storage::showLoadFailure(*path, storage::Failure::FileRead);
         return nullptr;
     }
     // What is too large to be read is too large to be decompressed.
     const std::optional<QByteArray> json = bytes ? storage::decompressed(*bytes) : std::nullopt;
     if (!json) {
-        showLoadFailure(*path, Failure::Decompression);
+        storage::showLoadFailure(*path, storage::Failure::Decompression);
         return nullptr;
     }
     return TAVLexicon::initWithJson(*json);
@@ -213,8 +162,7 @@ TAVLexiconRef TAVStorageManager::vocabularyFromLXAFile(const std::optional<QStri
                                          vocabulary = TAVLexicon::initWithCoder(decoder);
                                      });
     if (!isRead) {
-        const QString text = QStringLiteral("The selected language '%1' could not be loaded.");
-        showError(text.arg(nameForMessages(*path)), {u"OK"_s});
+        storage::showArchiveLoadFailure(*path);
         return nullptr;
     }
     return vocabulary;
@@ -230,4 +178,5 @@ void TAVStorageManager::tidyBackups()
 void TAVStorageManager::resetForTest()
 {
     storage::forgetLastBackup();
+    storage::forgetWritten();
 }

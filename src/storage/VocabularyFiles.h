@@ -20,5 +20,7 @@ inline constexpr qsizetype maxWritableJson = std::numeric_limits<int>::max();
 std::optional<QByteArray> compressed(const QByteArray &json);
 /** Absent when the bytes are damaged or hold more than can be read. */
 std::optional<QByteArray> decompressed(const QByteArray &bytes);
+/** Whether the bytes are compressed ones from start to end, even if they hold more than can be read. */
+bool isWholeStream(const QByteArray &bytes);
 
 } // namespace storage

@@ -103,6 +103,32 @@ TEST_F(ProcessTest, ARequestToEndUnderAnAlertOfTheStartEndsItInGoodOrder)
     }
 }
 
+TEST_F(ProcessTest, OneFolderHasOneWriterWhateverTheSession)
+{
+    auto first = start();
+    first->setReadChannel(QProcess::StandardError);
+    ASSERT_TRUE(hasStarted(*first));
+    QTemporaryDir otherSession;
+    const auto startElsewhere = [&] { return start({{u"XDG_RUNTIME_DIR"_qs, otherSession.path()}}); };
+    auto second = startElsewhere();
+    QByteArray output;
+    while (!output.contains(services.directory.path().toUtf8()) && second->waitForReadyRead(patienceInMs))
+        output += second->readAllStandardError();
+    EXPECT_EQ(second->state(), QProcess::Running) << "an alert says why, on the desktop too";
+    second->terminate();
+    EXPECT_EQ(exitCode(*second), 1);
+    EXPECT_FALSE(output.contains("didFinishLaunching"));
+
+    // A crash locks nobody out.
+    first->kill();
+    ASSERT_TRUE(first->waitForFinished(patienceInMs));
+    auto next = startElsewhere();
+    next->setReadChannel(QProcess::StandardError);
+    EXPECT_TRUE(hasStarted(*next));
+    next->terminate();
+    EXPECT_EQ(exitCode(*next), 0);
+}
+
 TEST_F(ProcessTest, OfManyStartsAtOnceOneRuns)
 {
     std::array<std::unique_ptr<QProcess>, 4> processes;

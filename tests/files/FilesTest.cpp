@@ -69,12 +69,37 @@ TEST_F(FilesTest, aWriteReplacesAllBytesInPlace)
     EXPECT_EQ(names().size(), 2) << "no other file beside it";
 }
 
+TEST_F(FilesTest, whereThereIsNoRoomTheFileStaysWhole)
+{
+    const QString path = at(u"file"_s);
+    put(path, "present");
+    {
+        RecordingOperations operations;
+        operations.fail("reserve", 1, ENOSPC);
+        EXPECT_EQ(reasonOf(files::writeInPlace(path, "a longer text")), Reason::NoSpace);
+        EXPECT_EQ(bytesOf(path), "present");
+        EXPECT_FALSE(operations.calls.contains(u"write"_s));
+        operations.fail("write", 1, ENOSPC);
+        EXPECT_EQ(reasonOf(files::writeInPlace(at(u"new"_s), "text")), Reason::NoSpace);
+        EXPECT_EQ(bytesOf(at(u"new"_s)), "absent") << "an empty file would be taken for a damaged one";
+    }
+    RecordingOperations operations;
+    for (const char *name : {"reserve", "sync"})
+        operations.fail(name, 1, EOPNOTSUPP);
+    EXPECT_TRUE(files::writeInPlace(path, "short"));
+    EXPECT_EQ(bytesOf(path), "short");
+    EXPECT_EQ(operations.calls, QStringList({u"open file"_s, u"statusOfOpen"_s, u"reserve"_s, u"write"_s,
+                                             u"cutTo"_s, u"sync"_s, u"close"_s}));
+    operations.fail("sync", 1, EIO);
+    EXPECT_EQ(reasonOf(files::writeInPlace(path, "other")), Reason::Io) << "it may not be on the disk";
+}
+
 TEST_F(FilesTest, interruptedAndShortCallsGoOn)
 {
     const QByteArray bytes = "0123456789";
     RecordingOperations operations;
     operations.maxBytesPerCall = 3;
-    for (const char *name : {"open", "write", "read", "close", "remove"})
+    for (const char *name : {"open", "reserve", "write", "cutTo", "sync", "read", "close", "remove"})
         operations.fail(name, 1, EINTR);
     operations.fail("write", 3, EINTR);
     operations.fail("read", 4, EINTR);
@@ -95,7 +120,6 @@ TEST_F(FilesTest, aFailureIsToldWithItsReason)
         Reason reason;
     };
     const Case cases[] = {
-        {"open", ENOENT, Reason::NotFound},
         {"open", EACCES, Reason::NoPermission},
         {"open", EROFS, Reason::NoPermission},
         {"open", ELOOP, Reason::NotRegular},
@@ -166,8 +190,7 @@ TEST_F(FilesTest, onlyRegularFilesAreReadAndWritten)
         bool exists;
     };
     const Case cases[] = {
-        {at(u"link"_s), std::nullopt, Reason::NotRegular, true},
-        {at(u"dangling"_s), Reason::NotFound, Reason::NotRegular, false},
+        {at(u"dangling"_s), Reason::NotFound, Reason::LinkToNothing, false},
         {at(u"folder"_s), Reason::NotRegular, Reason::NotRegular, true},
         {at(u"pipe"_s), Reason::NotRegular, Reason::NotRegular, true},
         {u"/dev/zero"_s, Reason::NotRegular, Reason::NotRegular, true},
@@ -184,9 +207,15 @@ TEST_F(FilesTest, onlyRegularFilesAreReadAndWritten)
         EXPECT_EQ(files::exists(c.path), c.exists);
     }
     EXPECT_EQ(bytesOf(at(u"file"_s)), "12345");
+    EXPECT_FALSE(files::exists(at(u"nothing"_s)));
     EXPECT_EQ(reasonOf(files::read(at(u"file"_s), 4)), Reason::TooLarge);
     EXPECT_FALSE(files::read(at(u"file"_s), 4).error().text().isEmpty());
     EXPECT_EQ(reasonOf(files::remove(at(u"folder"_s))), Reason::NotRegular);
+    // A link to a regular file is as good as the file.
+    EXPECT_EQ(*files::read(at(u"link"_s), 5), "12345");
+    EXPECT_TRUE(files::writeInPlace(at(u"link"_s), "54321"));
+    EXPECT_EQ(bytesOf(at(u"file"_s)), "54321");
+    EXPECT_TRUE(QFileInfo(at(u"link"_s)).isSymLink());
     EXPECT_TRUE(files::remove(at(u"link"_s)));
     EXPECT_EQ(reasonOf(files::list(QString())), Reason::NotFound);
 }

@@ -43,6 +43,21 @@ public:
         const int error = note("write");
         return error ? -error : FileOperations::write(file, bytes, std::min(size, maxBytesPerCall));
     }
+    int reserve(int file, qint64 size) override
+    {
+        const int error = note("reserve");
+        return error ? -error : FileOperations::reserve(file, size);
+    }
+    int cutTo(int file, qint64 size) override
+    {
+        const int error = note("cutTo");
+        return error ? -error : FileOperations::cutTo(file, size);
+    }
+    int sync(int file) override
+    {
+        Q_UNUSED(file)
+        return -note("sync");
+    }
     int statusOfOpen(int file, struct stat *status) override
     {
         const int error = note("statusOfOpen");
@@ -62,6 +77,11 @@ public:
     {
         const int error = note("remove", path);
         return error ? -error : FileOperations::remove(path);
+    }
+    int rename(const QByteArray &from, const QByteArray &to) override
+    {
+        const int error = note("rename", to);
+        return error ? -error : FileOperations::rename(from, to);
     }
     int makeFolder(const QByteArray &path, unsigned mode) override
     {

@@ -1,5 +1,7 @@
 #include "files/Files.h"
 
+#include "support/UnsyncedOperations.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -58,6 +60,7 @@ protected:
     }
 
 private:
+    UnsyncedOperations m_operations;
     QTemporaryDir m_directory;
 
 protected:

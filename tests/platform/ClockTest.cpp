@@ -47,4 +47,35 @@ TEST_F(ClockTest, timersFireUntilTheirOwnerLetsGo)
     EXPECT_EQ(noted.join(u' '), QStringLiteral("from a thread last once"));
 }
 
+TEST_F(ClockTest, theZoneIsTheSystemsHoweverItIsNamed)
+{
+    const QByteArray before = qgetenv("TZ");
+    const bool wasSet = qEnvironmentVariableIsSet("TZ");
+    const struct
+    {
+        const char *name;
+        int offset;
+        bool hasRules;
+    } cases[] = {
+        {"Asia/Tokyo", 9 * 3600, true},
+        {"/usr/share/zoneinfo/Asia/Tokyo", 9 * 3600, false},
+        {":/usr/share/zoneinfo/Asia/Tokyo", 9 * 3600, false},
+        {"UTC-14", 14 * 3600, false},
+        {"UTC+3", -3 * 3600, false},
+        {"<+0545>-5:45", 5 * 3600 + 45 * 60, false},
+        {"", 0, false},
+        {"No/Where", 0, false},
+    };
+    for (const auto &each : cases) {
+        SCOPED_TRACE(each.name);
+        qputenv("TZ", each.name);
+        const QTimeZone zone = clock->timeZone();
+        EXPECT_TRUE(zone.isValid());
+        EXPECT_EQ(zone.offsetFromUtc(clock->now()), each.offset);
+        EXPECT_TRUE(QDate(2026, 11, 23).startOfDay(zone).isValid());
+        EXPECT_TRUE(!each.hasRules || zone.id() == each.name);
+    }
+    wasSet ? qputenv("TZ", before) : qunsetenv("TZ");
+}
+
 } // namespace

@@ -1,7 +1,10 @@
 #include "StorageTest.h"
 
+#include "app/ground/Rescue.h"
 #include "files/RecordingOperations.h"
+#include "storage/Backups.h"
 #include "storage/LanguageName.h"
+#include "support/Words.h"
 #include "usage/logging/DDLog.h"
 
 #include <QRegularExpression>
@@ -150,14 +153,11 @@ TEST_F(FilesTest, aFileThatNeverEndsIsNotReadToItsEnd)
 
 TEST_F(FilesTest, noSaveLeavesTheVocabularyFolder)
 {
-    const QByteArray other = "somebody's";
     const QString outside = services.directory.path() + u"/outside"_s;
-    writeBytes(outside, other);
-    const QString linked = u"Linked"_s;
-    ASSERT_TRUE(QFile::link(outside, inVocabularies(u"Linked - English.tavv"_s)));
+    ASSERT_TRUE(QFile::link(outside, inVocabularies(u"Dangling - English.tavv"_s)));
     ASSERT_TRUE(QDir().mkpath(inVocabularies(u"Folder - English.tavv"_s)));
-    const QString names[] = {u"../x"_s, u"/tmp/x"_s, u"a/b"_s,          QString(QChar::Null) + u"x"_s,
-                             linked,    u"Folder"_s, QString(300, u'x')};
+    const QString names[] = {u"../x"_s,     u"/tmp/x"_s, u"a/b"_s,          QString(QChar::Null) + u"x"_s,
+                             u"Dangling"_s, u"Folder"_s, QString(300, u'x')};
     for (const QString &name : names) {
         SCOPED_TRACE(name.toStdString());
         services.alerts.shown.clear();
@@ -174,13 +174,19 @@ TEST_F(FilesTest, noSaveLeavesTheVocabularyFolder)
     EXPECT_EQ(TAVStorageManager::saveUrlForVocabularyWithName(u"a/b"_s), QUrl());
     EXPECT_EQ(TAVStorageManager::saveUrlForVocabularyWithName(u"50% ?#"_s),
               QUrl::fromLocalFile(inVocabularies(u"50% ?#.tavv"_s)));
-    EXPECT_EQ(bytesOf(outside), other);
+    EXPECT_FALSE(QFileInfo::exists(outside));
     EXPECT_TRUE(backups().isEmpty());
     for (const QString &name : {u".."_s, u""_s, u"%1 ?"_s}) {
         EXPECT_TRUE(TAVStorageManager::saveVocabulary(makeNamed(name)));
         EXPECT_TRUE(QFileInfo::exists(inVocabularies(name + u" - English.tavv"_s)));
     }
     EXPECT_FALSE(TAVStorageManager::saveVocabularyToLXAFile(makeNamed(u"A"_s), outside + u"/x.lxa"_s));
+    // A link to a file is followed, as people link their languages into folders that are kept in step.
+    writeBytes(outside, bzip2("{}"));
+    EXPECT_TRUE(TAVStorageManager::saveVocabulary(makeNamed(u"Dangling"_s)));
+    EXPECT_TRUE(QFileInfo(inVocabularies(u"Dangling - English.tavv"_s)).isSymLink());
+    EXPECT_TRUE(bunzip2(bytesOf(outside)).contains("Dangling"));
+    QFile::remove(outside);
     EXPECT_FALSE(TAVStorageManager::saveVocabulary(nullptr));
     EXPECT_FALSE(TAVStorageManager::saveVocabularyToLXAFile(nullptr, outside));
 }
@@ -244,7 +250,8 @@ TEST_F(FilesTest, aFailureLeavesItsReasonInTheLog)
     const QString archive = inVocabularies(u"a.lxa"_s);
     const QString failures[] = {u"(Write error)"_s, u"(Write error)"_s, u"(File read error)"_s, u"loaded."_s};
     RecordingOperations operations;
-    for (const int n : {1, 2})
+    // The record in the journal, the file, the archive.
+    for (const int n : {1, 2, 3})
         operations.fail("write", n, ENOSPC);
     EXPECT_FALSE(TAVStorageManager::saveVocabularyToTAVVFile(makeNamed(u"A"_s), path));
     EXPECT_FALSE(TAVStorageManager::saveVocabularyToLXAFile(makeNamed(u"A"_s), archive));
@@ -268,18 +275,128 @@ TEST_F(FilesTest, aFailureLeavesItsReasonInTheLog)
         EXPECT_TRUE(services.alerts.shown[i].text.contains(failures[i])) << i;
 }
 
+TEST_F(FilesTest, theAlertOfAFailedSaveSaysWhyAndThatNothingIsLostYet)
+{
+    const std::pair<int, QString> cases[] = {
+        {ENOSPC, u"noRoom"_s}, {EROFS, u"noPermission"_s}, {EIO, qt_error_string(EIO)}};
+    for (const auto &[number, expected] : cases) {
+        RecordingOperations operations;
+        operations.fail("write", 2, number);
+        services.alerts.shown.clear();
+        EXPECT_FALSE(TAVStorageManager::saveVocabulary(makeNamed(u"A"_s)));
+        ASSERT_EQ(services.alerts.shown.size(), 1);
+        EXPECT_EQ(services.alerts.shown.first().additionalLine, expected + u"\nwordsAreSafe"_s);
+    }
+}
+
+TEST_F(FilesTest, theNewestBackupThatOpensIsNamedAndNoneGoesWithoutACopy)
+{
+    const QString backupFolder = AppGround::backupFolderPath();
+    const QString path = inVocabularies(u"A - English.tavv"_s);
+    const auto put = [&](const QString &name, const QByteArray &bytes) {
+        writeBytes(backupFolder + u'/' + name, bytes);
+        QFile file(backupFolder + u'/' + name);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(services.clock.now().addDays(-31), QFile::FileModificationTime));
+    };
+    put(u"A - English-2026-01-02-03-04-05.tavv"_s, bzip2("1"));
+    put(u"A - English-2026-01-03-03-04-05.tavv"_s, bzip2("2"));
+    put(u"A - English-2026-01-04-03-04-05.tavv"_s, "torn");
+    put(u"B - English-2026-01-05-03-04-05.tavv"_s, bzip2("3"));
+    const auto rescued = [] {
+        QStringList names = QDir(rescue::folderPath()).entryList(QDir::Files);
+        return names.replaceInStrings(QRegularExpression(u"-2026-11-18-09-00-00"_s), QString());
+    };
+    storage::tidyBackupsIn(backupFolder);
+    EXPECT_TRUE(backups().isEmpty());
+    EXPECT_EQ(rescued(), QStringList({u"A - English-2026-01-04-03-04-05.tavv"_s,
+                                      u"B - English-2026-01-05-03-04-05.tavv"_s}));
+
+    put(u"A - English-2026-01-02-03-04-05.tavv"_s, bzip2("1"));
+    put(u"A - English-2026-01-03-03-04-05.tavv"_s, bzip2("2"));
+    put(u"A - English-2026-01-04-03-04-05.tavv"_s, "torn");
+    put(u"Ab - English-2026-01-05-03-04-05.tavv"_s, bzip2("3"));
+    writeBytes(path, "broken");
+    EXPECT_FALSE(TAVStorageManager::vocabularyFromFile(path));
+    EXPECT_EQ(services.alerts.shown.last().additionalLine, backupFolder + u"\nnewestBackup"_s)
+        << "by its key, as no texts are installed";
+    EXPECT_EQ(storage::newestBackupThatOpens(u"A - English.tavv"_s),
+              backupFolder + u"/A - English-2026-01-03-03-04-05.tavv"_s);
+    EXPECT_EQ(storage::newestBackupThatOpens(u"English.tavv"_s), QString());
+    storage::tidyBackupsIn(backupFolder);
+    EXPECT_EQ(rescued().size(), 5) << "a language could not be loaded in this run";
+}
+
+TEST_F(FilesTest, aSaveDestroysNoWordThatNobodyHasSeen)
+{
+    const QString path = inVocabularies(u"Italian - English.tavv"_s);
+    const auto rescued = [] {
+        const QStringList names = QDir(rescue::folderPath()).entryList(QDir::Files);
+        QDir(rescue::folderPath()).removeRecursively();
+        return names.size();
+    };
+    const auto withWords = [](const QStringList &texts) {
+        const TAVLexiconRef vocabulary = makeNamed(u"Italian"_s);
+        for (const QString &text : texts)
+            vocabulary->addWord(makeWord({text, text}));
+        return vocabulary;
+    };
+    const auto startAnew = [] { TAVStorageManager::resetForTest(); };
+
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s, u"b"_s})));
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s})));
+    EXPECT_EQ(rescued(), 0) << "this run's own last write";
+    startAnew();
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s, u"c"_s})));
+    EXPECT_EQ(rescued(), 0) << "no word goes";
+    startAnew();
+    const TAVLexiconRef loaded = TAVStorageManager::vocabularyFromFile(path);
+    loaded->removeWords(loaded->allWords());
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(loaded));
+    EXPECT_EQ(rescued(), 0) << "what was loaded and deleted";
+
+    // An old backup in the folder, whose names point at the newer file.
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s, u"b"_s})));
+    QFile::copy(path, inVocabularies(u"Old.tavv"_s));
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s, u"b"_s, u"c"_s})));
+    startAnew();
+    ASSERT_TRUE(TAVStorageManager::vocabularyFromFile(path));
+    const TAVLexiconRef old = TAVStorageManager::vocabularyFromFile(inVocabularies(u"Old.tavv"_s));
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(old));
+    EXPECT_EQ(rescued(), 1);
+    for (const int expected : {0, 1}) {
+        writeBytes(path, expected ? bzip2("{\"unknownWords\":{\"words\":[{\"yw\":\"z\"}]}}") : "unreadable");
+        ASSERT_TRUE(TAVStorageManager::saveVocabulary(old));
+        EXPECT_EQ(rescued(), expected) << "one copy an hour";
+        services.clock.advanceSeconds(3601);
+    }
+
+    // What passes the ceiling can't be opened again: the last version that can stays.
+    const TAVLexiconRef large = withWords({});
+    for (int i = 0; i < 90; ++i)
+        large->addWord(makeWord({QString(50'000, QChar(u'a' + i % 26)) + QString::number(i), u"x"_s}));
+    for (const int expected : {1, 0}) {
+        ASSERT_TRUE(TAVStorageManager::saveVocabulary(large));
+        EXPECT_EQ(rescued(), expected);
+    }
+}
+
 TEST_F(FilesTest, aSaveWritesOnceInPlaceAndThenCopies)
 {
     const TAVLexiconRef vocabulary = makeNamed(u"A"_s);
     RecordingOperations operations;
     ASSERT_TRUE(TAVStorageManager::saveVocabulary(vocabulary));
-    const QStringList changes = operations.calls.filter(QRegularExpression(u"^(open|write|remove|close)"_s));
+    QStringList changes =
+        operations.calls.filter(QRegularExpression(u"^(write|rename|cutTo|remove|open.*tavv)"_s));
+    changes.replaceInStrings(QRegularExpression(u"[0-9a-f]{40}"_s), u"target"_s);
     EXPECT_EQ(changes,
-              QStringList({u"open A - English.tavv"_s, u"write"_s, u"close"_s, u"open A - English.tavv"_s,
-                           u"open "_s + backups().value(0), u"write"_s, u"close"_s, u"close"_s}));
+              QStringList({u"open A - English.tavv"_s, u"write"_s, u"cutTo"_s, u"rename target.record"_s,
+                           u"open A - English.tavv"_s, u"open A - English.tavv"_s, u"write"_s, u"cutTo"_s,
+                           u"remove target.record"_s, u"open A - English.tavv"_s,
+                           u"open "_s + backups().value(0), u"write"_s}));
     // A save that succeeded stays one when its copy fails.
     services.clock.advanceSeconds(901);
-    operations.fail("write", 2, ENOSPC);
+    operations.fail("write", 3, ENOSPC);
     EXPECT_TRUE(TAVStorageManager::saveVocabulary(makeNamed(u"B"_s)));
     EXPECT_EQ(backups().size(), 1);
     EXPECT_TRUE(services.alerts.shown.isEmpty());

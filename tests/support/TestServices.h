@@ -4,6 +4,7 @@
 #include "platform/Services.h"
 #include "support/TestHttp.h"
 #include "support/TestKeyring.h"
+#include "support/UnsyncedOperations.h"
 
 #include <QHash>
 #include <QStringList>
@@ -232,6 +233,7 @@ public:
     TestHttp http;
     TestKeyring keyring;
     TestDeviceRegistry deviceRegistry;
+    UnsyncedOperations operations;
     QStringList diagnosticLines;
 
 private:

@@ -81,5 +81,21 @@
         <source>never</source>
         <translation>nie</translation>
     </message>
+    <message>
+        <source>folderTaken</source>
+        <translation>Ein anderes Tavimo, vielleicht aus einer anderen Sitzung auf diesem Rechner, arbeitet mit denselben Wörtern in %1. Beende es zuerst, damit keines überschreibt, was das andere gespeichert hat.</translation>
+    </message>
+    <message>
+        <source>noAnswer</source>
+        <translation>Tavimo läuft bereits, antwortet aber nicht.</translation>
+    </message>
+    <message>
+        <source>runtimeUnwritable</source>
+        <translation>Tavimo kann nicht feststellen, ob es schon läuft: Der Ordner %1 lässt sich nicht beschreiben.</translation>
+    </message>
+    <message>
+        <source>quit</source>
+        <translation>Beenden</translation>
+    </message>
 </context>
 </TS>

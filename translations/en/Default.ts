@@ -81,5 +81,21 @@
         <source>never</source>
         <translation>never</translation>
     </message>
+    <message>
+        <source>folderTaken</source>
+        <translation>Another Tavimo, perhaps of another session on this machine, works with the same words in %1. Quit it first, so that neither overwrites what the other has saved.</translation>
+    </message>
+    <message>
+        <source>noAnswer</source>
+        <translation>Tavimo is already running but doesn't answer.</translation>
+    </message>
+    <message>
+        <source>runtimeUnwritable</source>
+        <translation>Tavimo can't find out whether it is already running: the folder %1 can't be written to.</translation>
+    </message>
+    <message>
+        <source>quit</source>
+        <translation>Quit</translation>
+    </message>
 </context>
 </TS>

@@ -1,5 +1,6 @@
 #include "app/ground/AppGround.h"
 
+#include "app/ground/Rescue.h"
 #include "app/ground/TAVFile.h"
 #include "files/Files.h"
 #include "platform/DiagnosticLog.h"
@@ -116,6 +117,11 @@ QString AppGround::downloadFolderPath()
     return madeFolder(state().downloadPath);
 }
 
+QString AppGround::ownFolderPath(const QString &name)
+{
+    return state().supportPath + u'/' + name;
+}
+
 QList<std::shared_ptr<TAVFile>> AppGround::loadAllAvailableLanguages()
 {
     QList<std::shared_ptr<TAVFile>> languages;
@@ -128,10 +134,12 @@ QList<std::shared_ptr<TAVFile>> AppGround::loadAllAvailableLanguages()
             continue;
         const QString path = folder + u'/' + entry.name;
         // One that can't be removed now is met again at the next listing.
-        if (entry.name.endsWith(QLatin1String(").tavv")))
+        if (entry.name.endsWith(QLatin1String(").tavv"))) {
+            rescue::keepFile(path);
             std::ignore = files::remove(path);
-        else
+        } else {
             languages.append(std::make_shared<TAVFile>(path));
+        }
     }
     return languages;
 }
@@ -148,7 +156,10 @@ QStringList AppGround::loadAllAvailableLanguagePaths()
 QDateTime AppGround::todaysDate()
 {
     const QTimeZone zone = platform::clock().timeZone();
-    return platform::clock().now().toTimeZone(zone).date().startOfDay(zone);
+    const QDate today = platform::clock().now().toTimeZone(zone).date();
+    const QDateTime start = today.startOfDay(zone);
+    // An invalid day would be stored as one of 1970, and all later ones in its place.
+    return start.isValid() ? start : today.startOfDay(Qt::UTC);
 }
 
 QString AppGround::timeSinceDate(const QDateTime &date)

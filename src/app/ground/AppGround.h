@@ -34,9 +34,12 @@ public:
     static QString uploadFolderPath();
     static QString downloadFolderPath();
 
+    /** A further folder of ours, which is not made: absolute path below the program's own folder. */
+    static QString ownFolderPath(const QString &name);
+
     /**
      * One entry for each vocabulary file, in the order of the folder. A file whose name ends in a closing
-     * parenthesis before its extension is a conflicted copy: it is deleted, not listed.
+     * parenthesis before its extension is a conflicted copy: it is rescued and deleted, not listed.
      */
     static QList<std::shared_ptr<TAVFile>> loadAllAvailableLanguages();
     static QStringList loadAllAvailableLanguagePaths();

@@ -55,7 +55,7 @@ SingleInstance::Role SingleInstance::start(std::chrono::milliseconds patience)
     if (m_lock < 0) {
         diagnosticLog(
             QLatin1String("SingleInstance > start > can't open %1").arg(QFile::decodeName(lockPath)));
-        return Role::blocked;
+        return Role::unwritable;
     }
     const QDeadlineTimer deadline(patience);
     do {

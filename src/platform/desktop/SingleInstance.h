@@ -25,8 +25,10 @@ public:
         first,
         /** Another runs, and has been told. */
         second,
-        /** Another runs but doesn't answer, or the folder can't be written to. */
-        blocked
+        /** Another runs but doesn't answer. */
+        blocked,
+        /** The folder can't be written to, so that nobody knows. */
+        unwritable
     };
 
     /** The folder is this user's alone; it is made if it is missing. */

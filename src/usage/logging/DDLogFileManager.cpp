@@ -72,7 +72,8 @@ QList<DDLogFileInfo> DDLogFileManagerDefault::sortedLogFileInfos() const
 
 QString DDLogFileManagerDefault::createNewLogFile()
 {
-    QDir().mkpath(m_logsDirectory);
+    if (!QFile::exists(m_logsDirectory) && QDir().mkpath(m_logsDirectory))
+        QFile::setPermissions(m_logsDirectory, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     const QString stamp = platform::systemTime().toString(dateFormat);
     const QString stem = m_logsDirectory + u'/' + m_applicationName + u' ' + stamp;
     QString path = stem + QStringLiteral(".log");
@@ -80,7 +81,8 @@ QString DDLogFileManagerDefault::createNewLogFile()
         path = stem + u' ' + QString::number(number) + QStringLiteral(".log");
 
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+    // What stands in a log is the user's own business, as are the words.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
         return {};
     file.close();
     deleteOldLogFiles();

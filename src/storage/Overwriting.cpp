@@ -1,0 +1,112 @@
+#include "storage/Overwriting.h"
+
+#include "app/ground/Rescue.h"
+#include "files/Files.h"
+#include "platform/Services.h"
+#include "storage/VocabularyFiles.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QMutex>
+#include <QSet>
+
+namespace {
+
+/** What this run knows of one path. */
+struct Known
+{
+    files::Identity written;
+    files::Identity loaded;
+    bool isReadable = true;
+    QDateTime rescued;
+};
+
+struct Run
+{
+    QMutex mutex;
+    QHash<QString, Known> paths;
+};
+
+Run &run()
+{
+    static Run current;
+    return current;
+}
+
+using Pair = std::pair<QString, QString>;
+
+bool lacksAny(const TAVLexicon &vocabulary, const TAVLexicon &other)
+{
+    QSet<Pair> present;
+    for (const TAVWordRef &word : vocabulary.allWords())
+        present.insert({word->yourWord(), word->foreignWord()});
+    const TAVWordList &words = other.allWords();
+    return std::any_of(words.begin(), words.end(), [&present](const TAVWordRef &word) {
+        return !present.contains({word->yourWord(), word->foreignWord()});
+    });
+}
+
+bool wouldLose(const QByteArray &bytes, const TAVLexicon &vocabulary)
+{
+    const std::optional<QByteArray> json = storage::decompressed(bytes);
+    // There are words in it all the same, or may be.
+    if (!json)
+        return !bytes.isEmpty();
+    const TAVLexiconRef present = TAVLexicon::initWithJson(*json);
+    return present && lacksAny(vocabulary, *present);
+}
+
+bool isWithinAnHour(const QDateTime &time)
+{
+    return time.isValid() && qAbs(time.secsTo(platform::clock().now())) < 3600;
+}
+
+} // namespace
+
+void storage::noteLoaded(const QString &path)
+{
+    const QMutexLocker lock(&run().mutex);
+    run().paths[path].loaded = files::identityOf(path);
+}
+
+void storage::noteWritten(const QString &path, bool isReadable)
+{
+    const QMutexLocker lock(&run().mutex);
+    Known &known = run().paths[path];
+    known.written = files::identityOf(path);
+    known.isReadable = isReadable;
+}
+
+void storage::rescueBeforeSave(const QString &path, const TAVLexicon &vocabulary, bool isReadable)
+{
+    const files::Identity present = files::identityOf(path);
+    if (!present.isValid())
+        return;
+    Known known;
+    {
+        const QMutexLocker lock(&run().mutex);
+        known = run().paths.value(path);
+    }
+    const bool isOurs = present == known.written;
+    const bool isWhatWasLoaded =
+        present == known.loaded && vocabulary.fileNameWhereLoadedFrom() == QFileInfo(path).fileName();
+    if (!isReadable && (!isOurs || known.isReadable)) {
+        rescue::keepFile(path);
+        return;
+    }
+    if (isOurs || isWhatWasLoaded || isWithinAnHour(known.rescued))
+        return;
+    const files::Result<QByteArray> bytes = files::read(path, maxReadableFile);
+    if (bytes ? !wouldLose(*bytes, vocabulary) : !bytes.failedBy(files::Reason::TooLarge))
+        return;
+    if (rescue::keepFile(path)) {
+        const QMutexLocker lock(&run().mutex);
+        run().paths[path].rescued = platform::clock().now();
+    }
+}
+
+void storage::forgetWritten()
+{
+    const QMutexLocker lock(&run().mutex);
+    run().paths.clear();
+}
