@@ -120,18 +120,12 @@ TEST_F(FilesTest, aFailureIsToldWithItsReason)
         Reason reason;
     };
     const Case cases[] = {
-        {"open", EACCES, Reason::NoPermission},
-        {"open", EROFS, Reason::NoPermission},
-        {"open", ELOOP, Reason::NotRegular},
-        {"open", EMFILE, Reason::Io},
-        {"statusOfOpen", EIO, Reason::Io},
-        {"write", ENOSPC, Reason::NoSpace},
-        {"write", EDQUOT, Reason::NoSpace},
-        {"write", EIO, Reason::Io},
-        {"close", ENOSPC, Reason::NoSpace},
-        {"read", EIO, Reason::Io},
-        {"remove", EPERM, Reason::NoPermission},
-        {"makeFolder", ENOSPC, Reason::NoSpace},
+        {"open", EACCES, Reason::NoPermission},  {"open", EROFS, Reason::NoPermission},
+        {"open", ELOOP, Reason::NotRegular},     {"open", EMFILE, Reason::Io},
+        {"statusOfOpen", EIO, Reason::Io},       {"write", ENOSPC, Reason::NoSpace},
+        {"write", EDQUOT, Reason::NoSpace},      {"write", EIO, Reason::Io},
+        {"close", ENOSPC, Reason::NoSpace},      {"read", EIO, Reason::Io},
+        {"remove", EPERM, Reason::NoPermission}, {"makeFolder", ENOSPC, Reason::NoSpace},
         {"list", EACCES, Reason::NoPermission},
     };
     const QString path = at(u"file"_s);
