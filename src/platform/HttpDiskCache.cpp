@@ -2,6 +2,8 @@
 
 #include "platform/Clock.h"
 
+#include <QIODevice>
+
 namespace platform {
 
 namespace {

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QLocale>
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 

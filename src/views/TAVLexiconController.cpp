@@ -28,7 +28,7 @@ TAVLexiconController::TAVLexiconController(VocabularyDocument &document)
 {
     m_wordEditor->setQuizSelectedAction([this] { emit quizSelectedRequested(); });
     connectView();
-    const TAVLexiconRef present = vocabulary();
+    const TAVLexiconRef present = m_document.vocabulary();
     m_view->statusLine().showUnknownWords(present ? present->level0Words().size() : 0,
                                           present ? present->countAllWords() : 0);
 }

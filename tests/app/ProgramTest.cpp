@@ -5,6 +5,11 @@
 #include "views/TAVLexiconController.h"
 #include "views/WordTableView.h"
 
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+
 namespace {
 
 /** What the program shares, with what became of it. It goes with the composition. */

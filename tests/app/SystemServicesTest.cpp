@@ -2,6 +2,7 @@
 #include "support/GuiTest.h"
 
 #include <QTcpServer>
+#include <QTest>
 
 namespace {
 

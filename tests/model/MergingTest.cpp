@@ -49,11 +49,9 @@ public:
                 if (!local && word->creationID() == other->creationID())
                     local = word;
             }
-            if (!local) {
-                takeOther = true;
-            } else if (other->modificationID() > 0 && other->modificationID() > local->modificationID()) {
-                takeOther = true;
-            } else if (other->level() > local->level()) {
+            if (!local ||
+                (other->modificationID() > 0 && other->modificationID() > local->modificationID()) ||
+                other->level() > local->level()) {
                 takeOther = true;
             } else if (other->level() == local->level()) {
                 if (other->dontAskAgain())

@@ -3,6 +3,8 @@
 
 #include "support/ThreadedTestQueues.h"
 
+#include <QCoreApplication>
+
 #include <thread>
 
 using namespace Qt::StringLiterals;

@@ -13,7 +13,7 @@ protected:
         m_quiz.setVocabulary(m_words.vocabulary);
         m_quiz.mutableWordsToAsk() = words;
         m_quiz.setAskIndex(askIndex);
-        const TAVWordRef asked = words.at(askIndex);
+        const TAVWordRef &asked = words.at(askIndex);
         const AnswerJudge::Judgement judgement =
             AnswerJudge::judge(m_quiz, asked, QString::fromUtf8(answer), askedForeign);
         m_judged = judgement.word;

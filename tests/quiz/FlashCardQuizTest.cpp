@@ -3,7 +3,10 @@
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/TAVFlashCardQuizController.h"
 
+#include <QLabel>
+#include <QPushButton>
 #include <QSlider>
+#include <QTest>
 
 namespace {
 

@@ -3,6 +3,10 @@
 #include "quiz/AnnouncementText.h"
 #include "quiz/QuizFormsTest.h"
 
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
 namespace {
 
 class InfoPanelsTest : public QuizFormsTest

@@ -9,6 +9,9 @@
 #include "support/GuiTest.h"
 #include "usage/RatingPrompt.h"
 
+#include <QLabel>
+#include <QTest>
+
 /** Also the events for the rating prompt. */
 class Recorder : public ChangeRecorder, public RatingPrompt
 {

@@ -7,6 +7,8 @@
 #include "support/Words.h"
 #include "usage/logging/DDLog.h"
 
+#include <QCoreApplication>
+#include <QDirIterator>
 #include <QRegularExpression>
 
 #include <atomic>

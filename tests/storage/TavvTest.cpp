@@ -67,7 +67,7 @@ TEST_F(TavvTest, writesEveryTopLevelKeyAndNoDefaultOfAWord)
     vocabulary->setNeedsSync(true);
     vocabulary->setVersion(7);
     for (int level = 0; level < 6; ++level)
-        vocabulary->statistics()->lastSnapshot()->setNumberOfWordsInLevel(level, level * 10);
+        vocabulary->statistics()->lastSnapshot()->setNumberOfWordsInLevel(level, qint64(level) * 10);
 
     const QJsonObject saved = savedMap(vocabulary);
     const QJsonObject empty{{u"words"_s, QJsonArray()}};

@@ -13,7 +13,7 @@ ThreadedTestQueues::ThreadedTestQueues(TestServices &services)
 
 ThreadedTestQueues::~ThreadedTestQueues()
 {
-    EXPECT_TRUE(finish(std::chrono::seconds(20))) << "a background task hangs";
+    EXPECT_TRUE(ThreadedTestQueues::finish(std::chrono::seconds(20))) << "a background task hangs";
     platform::Services installed = platform::services();
     installed.queues = &m_services.queues;
     platform::installServices(installed);

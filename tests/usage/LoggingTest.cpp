@@ -147,8 +147,7 @@ TEST_F(LoggingTest, argumentsFillAFormatOnceAndAnAbsentFormatDoesNothing)
     const auto logger = std::make_shared<RecordingLogger>();
     DDLog::addLogger(logger);
     const auto log = [](const std::optional<QString> &format, const QStringList &arguments) {
-        DDLog::log(false, ddLogLevel, ddlog::flagInfo, 0, __FILE__, __func__, __LINE__, {}, format,
-                   arguments);
+        DDLog::log(false, ddLogLevel, ddlog::flagInfo, 0, __FILE__, "log", __LINE__, {}, format, arguments);
     };
     log(std::nullopt, {});
     log(QStringLiteral("%2 > %1 > 100 % %3 %"), {QStringLiteral("%2"), QStringLiteral("b")});
@@ -164,6 +163,7 @@ TEST_F(LoggingTest, manyThreadsLoseNothingAndAllLoggersSeeOneOrder)
     constexpr int threadCount = 4;
     constexpr int messageCount = 600;
     std::vector<std::thread> threads;
+    threads.reserve(threadCount);
     for (int t = 0; t < threadCount; ++t) {
         threads.emplace_back([t] {
             for (int i = 0; i < messageCount; ++i) {

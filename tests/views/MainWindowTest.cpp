@@ -6,8 +6,14 @@
 #include "views/TAVUpdateController.h"
 #include "views/editor/TAVWordPopoverController.h"
 
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenuBar>
 #include <QProcess>
+#include <QPushButton>
 #include <QStandardPaths>
+#include <QToolButton>
 
 namespace {
 

@@ -2,6 +2,9 @@
 
 #include "views/editor/TAVWordPopoverController.h"
 
+#include <QComboBox>
+#include <QPushButton>
+
 using namespace Qt::StringLiterals;
 
 namespace {

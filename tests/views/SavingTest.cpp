@@ -2,6 +2,10 @@
 
 #include "views/editor/TAVWordPopoverController.h"
 
+#include <QAbstractButton>
+#include <QHeaderView>
+#include <QPushButton>
+
 #include <functional>
 
 namespace {

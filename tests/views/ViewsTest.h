@@ -10,6 +10,10 @@
 #include "views/WordTableModel.h"
 #include "views/WordTableView.h"
 
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenuBar>
 #include <QtTest>
 
 /**

@@ -7,6 +7,9 @@
 
 #include <QAbstractItemModelTester>
 #include <QClipboard>
+#include <QHeaderView>
+#include <QLabel>
+#include <QStackedWidget>
 
 namespace {
 

@@ -3,6 +3,8 @@
 #include "support/GuiTest.h"
 #include "widgets/M3TokenButton.h"
 
+#include <QTest>
+
 #include <random>
 
 using namespace Qt::StringLiterals;

@@ -2,6 +2,13 @@
 
 #include "support/GuiTest.h"
 
+#include <QClipboard>
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -8,6 +8,8 @@
 #include <QStyle>
 #include <QStyleFactory>
 
+#include <cmath>
+
 namespace {
 
 const struct
@@ -95,8 +97,8 @@ void Stage::open(bool withLanguage)
 void Stage::pass(double seconds)
 {
     // In steps, so that what is armed on the way is drawn on the way.
-    for (double rest = seconds; rest > 0; rest -= 0.1) {
-        m_services.clock.advanceSeconds(std::min(rest, 0.1));
+    for (int tenths = int(std::ceil(seconds * 10)); tenths > 0; --tenths) {
+        m_services.clock.advanceSeconds(0.1);
         m_services.queues.drain();
         QApplication::processEvents();
     }

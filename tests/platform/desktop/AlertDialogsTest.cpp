@@ -1,6 +1,11 @@
 #include "platform/desktop/AlertDialogs.h"
 #include "support/GuiTest.h"
 
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
 #include <thread>
 
 using platform::AlertDialogs;

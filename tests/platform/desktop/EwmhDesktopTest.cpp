@@ -1,5 +1,8 @@
 #include "EwmhDesktopTest.h"
 
+#include <QLineEdit>
+#include <QTest>
+
 namespace x11 = platform::x11;
 
 TEST_F(EwmhDesktopTest, BringsAPanelOverAnotherProgramAndGivesTheFocusBack)

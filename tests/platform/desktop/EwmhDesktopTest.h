@@ -6,6 +6,8 @@
 
 #include "support/GuiTest.h"
 
+#include <QTest>
+
 /** A window of another program. */
 class OtherClient
 {

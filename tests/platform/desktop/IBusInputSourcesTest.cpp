@@ -7,6 +7,7 @@
 #include <QDBusVariant>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QTest>
 
 #include <mutex>
 

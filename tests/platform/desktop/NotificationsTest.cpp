@@ -2,6 +2,8 @@
 #include "PrivateBus.h"
 #include "support/GuiTest.h"
 
+#include <QTest>
+
 #include <mutex>
 
 namespace {

@@ -4,6 +4,8 @@
 #include "document/VocabularyDocument.h"
 #include "quiz/forms/TAVPopupQuizController.h"
 
+#include <QTest>
+
 namespace {
 
 class UnlockedHub : public QuizHub

@@ -2,6 +2,7 @@
 #include "support/GuiTest.h"
 
 #include <QLocalSocket>
+#include <QTest>
 
 #include <thread>
 

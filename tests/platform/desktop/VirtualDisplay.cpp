@@ -1,6 +1,7 @@
 #include "VirtualDisplay.h"
 
 #include "platform/Texts.h"
+#include "support/SanitizerOptions.h"
 
 #include <QApplication>
 #include <QStandardPaths>

@@ -4,6 +4,8 @@
 
 #include "support/GuiTest.h"
 
+#include <QTest>
+
 using platform::InputSourceRef;
 using platform::XkbInputSources;
 

@@ -1,5 +1,9 @@
 #include "WordEditorTest.h"
 
+#include <QClipboard>
+#include <QLabel>
+#include <QTest>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

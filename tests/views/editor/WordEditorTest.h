@@ -8,6 +8,9 @@
 #include "views/editor/TAVWordPopoverController.h"
 #include "widgets/ArrowPopup.h"
 
+#include <QCheckBox>
+#include <QPushButton>
+
 #include <functional>
 
 /** The word editor beside an ordinary window, over a vocabulary of four words. */
