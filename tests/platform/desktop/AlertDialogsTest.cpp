@@ -155,6 +155,7 @@ TEST_F(AlertDialogsTest, TheEndAnswersAllWithTheirFirstButton)
 {
     std::atomic<int> answered = 0;
     std::vector<std::thread> threads;
+    threads.reserve(3);
     for (int i = 0; i < 3; ++i) {
         threads.emplace_back([&] {
             if (alerts.show({u"waiting"_qs, {}, {u"a"_qs, u"b"_qs}}) == 0)
