@@ -3,6 +3,7 @@
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/TAVFlashCardQuizController.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QSlider>
