@@ -1,6 +1,7 @@
 #include "WordEditorTest.h"
 
 #include <QClipboard>
+#include <QCompleter>
 #include <QLabel>
 #include <QTest>
 
