@@ -2,6 +2,7 @@
 
 #include "support/GuiTest.h"
 
+#include <QAbstractItemView>
 #include <QClipboard>
 #include <QCompleter>
 #include <QKeyEvent>
