@@ -9,6 +9,7 @@
 #include <memory>
 
 class M3TokenCloud;
+class UndoLine;
 class WordTableView;
 
 namespace Ui {
@@ -27,6 +28,7 @@ public:
     LevelBar &levelBar() { return *m_levelBar; }
     StatusLine &statusLine() { return *m_statusLine; }
     HelpOverlays &overlays() { return *m_overlays; }
+    UndoLine &undoLine() { return *m_undoLine; }
     WordTableView *table() const;
     M3TokenCloud *tagCloud() const;
     /** The higher of the present height and this one. */
@@ -67,4 +69,6 @@ private:
     std::unique_ptr<LevelBar> m_levelBar;
     std::unique_ptr<StatusLine> m_statusLine;
     std::unique_ptr<HelpOverlays> m_overlays;
+    /** Owned by the form. */
+    UndoLine *m_undoLine;
 };
