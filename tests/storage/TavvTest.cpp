@@ -1,5 +1,7 @@
 #include "StorageTest.h"
 
+#include <QElapsedTimer>
+
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -266,6 +268,30 @@ TEST_F(TavvTest, readsWhatItCanOfTheWrongShape)
     EXPECT_EQ(vocabulary->statistics()->lastSnapshot()->day().toSecsSinceEpoch(), 0);
     EXPECT_EQ(vocabulary->statistics()->wordsLearnedTotal(), 0);
     EXPECT_EQ(vocabulary->version(), 0);
+}
+
+TEST_F(TavvTest, thousandsOfFacultativeWordsAndTagsTakeNoTime)
+{
+    QByteArray json = R"({"yourFacultativeWords":["x")";
+    constexpr int number = 20000;
+    for (int i = 0; i < number; ++i)
+        json += ",\"f" + QByteArray::number(i) + '"';
+    json += R"(],"unknownWords":{"words":[{"yw":"f1 tagged","t":["x")";
+    for (int i = 0; i < number; ++i)
+        json += ",\"t" + QByteArray::number(i) + '"';
+    json += "]}";
+    for (int i = 0; i < number; ++i)
+        json += ",{\"yw\":\"word " + QByteArray::number(i) + "\"}";
+    QElapsedTimer timer;
+    timer.start();
+    const TAVLexiconRef vocabulary = loadJson(json + "]}}");
+    ASSERT_TRUE(vocabulary);
+    vocabulary->buildSynonyms();
+    EXPECT_EQ(vocabulary->allTags().size(), number + 1);
+    EXPECT_EQ(vocabulary->countAllWords(), number + 1);
+    EXPECT_EQ(vocabulary->yourFacultativeWords().size(), number + 1);
+    EXPECT_EQ(vocabulary->allWords().first()->yourWordWithoutFacultatives(), u"tagged"_s);
+    EXPECT_LT(timer.elapsed(), 10000) << "walking through all of them for each word takes minutes";
 }
 
 TEST_F(TavvTest, whatDoesNotParseIsAFreshVocabularyAndStaysOnDisk)
