@@ -118,11 +118,16 @@ TEST_F(TavvTest, writesEveryTopLevelKeyAndNoDefaultOfAWord)
     ASSERT_TRUE(TAVStorageManager::saveVocabularyToLXAFile(vocabulary, archive));
     EXPECT_EQ(TAVStorageManager::vocabularyFromFile(archive)->dictionaryRepresentation(), map);
 
-    // An archive can't hold a null; the rest of the text must not go with it. A mark at its start stays.
-    full->setComment(u"\uFEFFa"_s + QChar::Null + u"b"_s);
-    ASSERT_TRUE(TAVStorageManager::saveVocabularyToLXAFile(vocabulary, archive));
-    EXPECT_EQ(TAVStorageManager::vocabularyFromFile(archive)->allWords().first()->comment(),
-              u"\uFEFFa\uFFFDb"_s);
+    const std::pair<QString, QString> comments[] = {
+        {u"\uFEFFa"_s + QChar::Null + u"b"_s, u"\uFEFFa"_s + QChar::Null + u"b"_s},
+        {u"ascii"_s + QChar::Null, u"ascii"_s + QChar::Null},
+        {u"\uFFFF"_s, u"\uFFFF"_s},
+        {u"half "_s + QChar(0xd83d) + u"x"_s, u"half \uFFFDx"_s}};
+    for (const auto &[comment, read] : comments) {
+        full->setComment(comment);
+        ASSERT_TRUE(TAVStorageManager::saveVocabularyToLXAFile(vocabulary, archive));
+        EXPECT_EQ(TAVStorageManager::vocabularyFromFile(archive)->allWords().first()->comment(), read);
+    }
 }
 
 TEST_F(TavvTest, theDocumentedFileIsWrittenAsItIsRead)
