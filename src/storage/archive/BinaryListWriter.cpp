@@ -68,7 +68,7 @@ BinaryListWriter::Number BinaryListWriter::text(QStringView value)
         std::all_of(value.begin(), value.end(), [](QChar unit) { return unit.unicode() < 0x80; });
     QByteArray object = counted(isAscii ? Ascii : Utf16, size_t(value.size()));
     if (isAscii)
-        return shared(object + value.toLatin1());
+        return add(object + value.toLatin1());
     for (qsizetype i = 0; i < value.size(); ++i) {
         const bool isPair =
             value[i].isHighSurrogate() && i + 1 < value.size() && value[i + 1].isLowSurrogate();
@@ -77,7 +77,7 @@ BinaryListWriter::Number BinaryListWriter::text(QStringView value)
         const bool isHalf = !isPair && value[i].isSurrogate();
         append(object, isHalf ? char16_t(QChar::ReplacementCharacter) : value[i].unicode());
     }
-    return shared(object);
+    return add(object);
 }
 
 BinaryListWriter::Number BinaryListWriter::integer(qint64 value)
@@ -87,7 +87,7 @@ BinaryListWriter::Number BinaryListWriter::integer(qint64 value)
 
 BinaryListWriter::Number BinaryListWriter::real(double value)
 {
-    return shared(number(Real | 3, std::bit_cast<quint64>(value)));
+    return add(number(Real | 3, std::bit_cast<quint64>(value)));
 }
 
 BinaryListWriter::Number BinaryListWriter::flag(bool value)
@@ -97,7 +97,13 @@ BinaryListWriter::Number BinaryListWriter::flag(bool value)
 
 BinaryListWriter::Number BinaryListWriter::reference(quint32 value)
 {
-    return shared(number(Reference | 3, value));
+    if (value >= m_references.size())
+        m_references.resize(size_t(value) + 1);
+    Number &reference = m_references[value];
+    // Should the very first object be a reference, it is merely written once more.
+    if (reference == 0)
+        reference = add(number(Reference | 3, value));
+    return reference;
 }
 
 BinaryListWriter::Number BinaryListWriter::list(const std::vector<Number> &members)

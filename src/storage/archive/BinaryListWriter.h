@@ -8,7 +8,8 @@
 
 /**
  * Writes the objects of a binary property list one behind the other, in time and room that grow with their
- * number alone. Each call gives the number by which later ones refer to the object; equal values share one.
+ * number alone. Each call gives the number by which later ones refer to the object. Equal integers, flags and
+ * references share one; whoever has equal texts keeps their number.
  */
 class BinaryListWriter
 {
@@ -37,4 +38,6 @@ private:
     QByteArray m_bytes = "bplist00";
     std::vector<quint64> m_offsets;
     QHash<QByteArray, Number> m_shared;
+    /** By value; 0 for those that were not made yet. */
+    std::vector<Number> m_references;
 };
