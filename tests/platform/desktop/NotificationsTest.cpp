@@ -44,12 +44,14 @@ TEST_F(NotificationsTest, EscapesMarkupReplacesTheLastAndCallsBackOnce)
     platform::Notifications notifications;
     QStringList chosen;
     notifications.show(u"Quiz"_qs, u"a <b> & c"_qs, [&] { chosen.append(u"first"_qs); });
+    services.queues.drain();
     ASSERT_TRUE(QTest::qWaitFor([&] { return count() == 1; }));
     EXPECT_EQ(shown.first().value(1).toUInt(), 0u);
     EXPECT_EQ(shown.first().value(4).toString(), u"a &lt;b&gt; &amp; c"_qs);
 
     processEvents();
     notifications.show(u"Quiz"_qs, u"next"_qs, [&] { chosen.append(u"second"_qs); });
+    services.queues.drain();
     ASSERT_TRUE(QTest::qWaitFor([&] { return count() == 2; }));
     EXPECT_EQ(shown.last().value(1).toUInt(), 7u);
 
