@@ -2,6 +2,7 @@
 #include "PrivateBus.h"
 #include "support/GuiTest.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <mutex>
@@ -40,6 +41,18 @@ TEST_F(NotificationsTest, EscapesMarkupReplacesTheLastAndCallsBackOnce)
     };
     // The session bus is opened once in a process; no other test of this program uses it.
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+
+    ASSERT_TRUE(QDBusConnection::sessionBus().isConnected());
+    bus.setHanging(true);
+    QElapsedTimer timer;
+    timer.start();
+    {
+        platform::Notifications unanswered;
+        unanswered.show(u"Quiz"_qs, u"nobody hears it"_qs, [] {});
+        services.queues.drain();
+    }
+    EXPECT_LT(timer.elapsed(), 3000) << "a daemon that hangs holds up nobody";
+    bus.setHanging(false);
 
     platform::Notifications notifications;
     QStringList chosen;

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include <thread>
+#include <tuple>
 
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -31,9 +32,12 @@ public:
         if (!answer.isEmpty())
             m_thread = std::thread([this, answer] {
                 const int caller = accept(m_socket, nullptr, nullptr);
-                // In pieces, as a stream may come.
+                char heard = 0;
+                while (heard != '\n' && recv(caller, &heard, 1, 0) == 1) {
+                }
+                // In pieces, as a stream may come; the caller need not hear it out.
                 for (const char byte : answer)
-                    EXPECT_EQ(send(caller, &byte, 1, MSG_NOSIGNAL), 1);
+                    std::ignore = send(caller, &byte, 1, MSG_NOSIGNAL);
                 close(caller);
             });
     }
