@@ -1,8 +1,10 @@
 #include "Vocabularies.h"
 
 #include "app/ground/AppGround.h"
+#include "storage/SafeSaves.h"
 #include "storage/TAVStorageManager.h"
 #include "storage/VocabularyFiles.h"
+#include "support/UnsyncedOperations.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -39,6 +41,38 @@ void save(benchmark::State &state)
     const SavedVocabulary saved(state.range(0));
     for (auto _ : state)
         benchmark::DoNotOptimize(TAVStorageManager::saveVocabulary(saved.vocabulary));
+}
+
+/** As a save was before it was made safe: opened, emptied, written, closed. */
+void plainWriteAlone(benchmark::State &state)
+{
+    const SavedVocabulary saved(state.range(0));
+    for (auto _ : state) {
+        QFile file(saved.path);
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(saved.packed) < 0)
+            state.SkipWithError("can't be written");
+    }
+    state.counters["fileBytes"] = double(saved.packed.size());
+}
+
+void safeWriteAlone(benchmark::State &state)
+{
+    const SavedVocabulary saved(state.range(0));
+    for (auto _ : state) {
+        if (!storage::writeVocabularyFile(saved.path, saved.packed))
+            state.SkipWithError("can't be written");
+    }
+}
+
+/** With everything but the wait for the disk. */
+void safeWriteWithoutSyncs(benchmark::State &state)
+{
+    const SavedVocabulary saved(state.range(0));
+    const UnsyncedOperations operations;
+    for (auto _ : state) {
+        if (!storage::writeVocabularyFile(saved.path, saved.packed))
+            state.SkipWithError("can't be written");
+    }
 }
 
 void compressionAlone(benchmark::State &state)
@@ -152,7 +186,11 @@ void loadManyTags(benchmark::State &state)
     loadWhole(state, vocabulary);
 }
 
-BENCHMARK(save)->Apply(vocabularySizes);
+// The time that passes, as a wait for the disk takes none of the processor's.
+BENCHMARK(save)->Apply(vocabularySizes)->UseRealTime();
+BENCHMARK(plainWriteAlone)->Apply(vocabularySizes)->UseRealTime();
+BENCHMARK(safeWriteAlone)->Apply(vocabularySizes)->UseRealTime();
+BENCHMARK(safeWriteWithoutSyncs)->Apply(vocabularySizes)->UseRealTime();
 BENCHMARK(compressionAlone)->Apply(vocabularySizes);
 BENCHMARK(load)->Apply(vocabularySizes);
 BENCHMARK(decompressionAlone)->Apply(vocabularySizes);
