@@ -9,6 +9,7 @@
 #include <memory>
 
 class M3TokenCloud;
+class Notices;
 class UndoLine;
 class WordTableView;
 
@@ -29,6 +30,7 @@ public:
     StatusLine &statusLine() { return *m_statusLine; }
     HelpOverlays &overlays() { return *m_overlays; }
     UndoLine &undoLine() { return *m_undoLine; }
+    Notices &notices();
     WordTableView *table() const;
     M3TokenCloud *tagCloud() const;
     /** The higher of the present height and this one. */
