@@ -372,13 +372,14 @@ Oben lässt sich eine andere Sprache wählen.</translation>
             <numerusform>%n Wort hinzugefügt</numerusform>
             <numerusform>%n Wörter hinzugefügt</numerusform>
         </translation>
+    </message>
     <message>
         <source>fileNearlyFull</source>
-        <translation>Die Datei dieser Sprache ist %1 von %2 MiB groß. Darüber wird sie noch gespeichert, lässt sich aber nicht mehr öffnen. Teile sie rechtzeitig: Exportiere einen Teil der Wörter und lösche sie dann hier.</translation>
+        <translation>Die Datei dieser Sprache ist mit %1 von %2 MiB gefüllt. Darüber wird sie noch gesichert, lässt sich aber nicht mehr öffnen; die letzte Fassung, die sich öffnen lässt, bleibt im Ordner „Rescued“.</translation>
     </message>
     <message>
         <source>fileTooFull</source>
-        <translation>Die Datei dieser Sprache ist %1 MiB groß: Über %2 MiB wird sie gespeichert, lässt sich aber nicht mehr öffnen. Exportiere vor dem Beenden einen Teil der Wörter und lösche sie hier, bis es wieder weniger ist.</translation>
+        <translation>Die Datei dieser Sprache hat %1 MiB: Über %2 MiB wird sie gesichert, lässt sich aber nicht mehr öffnen. Bitte vor dem Beenden Wörter löschen, bis sie kleiner ist. Die letzte Fassung, die sich öffnen lässt, liegt im Ordner „Rescued“.</translation>
     </message>
 </context>
 </TS>

@@ -372,13 +372,14 @@ You can choose another language above.</translation>
             <numerusform>%n word added</numerusform>
             <numerusform>%n words added</numerusform>
         </translation>
+    </message>
     <message>
         <source>fileNearlyFull</source>
-        <translation>The file of this language holds %1 of %2 MiB. Beyond that it is still saved, but can't be opened any more. Split it in time: export part of the words, then delete them here.</translation>
+        <translation>The file of this language holds %1 of %2 MiB. Beyond that it is still saved, but can't be opened any more; the last version that can is kept in the folder “Rescued”.</translation>
     </message>
     <message>
         <source>fileTooFull</source>
-        <translation>The file of this language holds %1 MiB: beyond %2 MiB it is saved, but can't be opened any more. Before you quit, export part of the words and delete them here until it holds less.</translation>
+        <translation>The file of this language holds %1 MiB: beyond %2 MiB it is saved, but can't be opened any more. Before you quit, delete words until it holds less. The last version that can be opened lies in the folder “Rescued”.</translation>
     </message>
 </context>
 </TS>
