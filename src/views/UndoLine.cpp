@@ -50,18 +50,24 @@ QString textOf(const UndoStep &step)
     case UndoStep::Kind::Duplicates:
         return localized("Vocabulary", "wordsRemovedLine", nullptr, int(step.removed.size()));
     case UndoStep::Kind::CancelledAddition:
-        return aboutOneOrMany(step, "wordRemovedLine", "wordsRemovedLine");
+        return aboutOneOrMany(step, QT_TRANSLATE_NOOP("Vocabulary", "wordRemovedLine"),
+                              QT_TRANSLATE_NOOP("Vocabulary", "wordsRemovedLine"));
     case UndoStep::Kind::TagDrop:
-        return aboutOneOrMany(step, "tagAddedLine", "wordsChangedLine");
+        return aboutOneOrMany(step, QT_TRANSLATE_NOOP("Vocabulary", "tagAddedLine"),
+                              QT_TRANSLATE_NOOP("Vocabulary", "wordsChangedLine"));
     case UndoStep::Kind::Edit:
         if (step.removed.isEmpty() && step.changed.isEmpty())
             return localized("Vocabulary", "wordsAddedLine", nullptr, int(step.added.size()));
-        return aboutOneOrMany(step, "wordChangedLine", "wordsChangedLine");
+        return aboutOneOrMany(step, QT_TRANSLATE_NOOP("Vocabulary", "wordChangedLine"),
+                              QT_TRANSLATE_NOOP("Vocabulary", "wordsChangedLine"));
     case UndoStep::Kind::UnsavedTexts:
         break;
     }
-    return step.changed.isEmpty() ? aboutOneOrMany(step, "newWordNotAddedLine", "newWordsNotAddedLine")
-                                  : aboutOneOrMany(step, "changesNotSavedLine", "changesToManyNotSavedLine");
+    return step.changed.isEmpty()
+               ? aboutOneOrMany(step, QT_TRANSLATE_NOOP("Vocabulary", "newWordNotAddedLine"),
+                                QT_TRANSLATE_NOOP("Vocabulary", "newWordsNotAddedLine"))
+               : aboutOneOrMany(step, QT_TRANSLATE_NOOP("Vocabulary", "changesNotSavedLine"),
+                                QT_TRANSLATE_NOOP("Vocabulary", "changesToManyNotSavedLine"));
 }
 
 } // namespace
@@ -79,6 +85,9 @@ UndoLine::UndoLine(QWidget *parent)
     m_text->setTextFormat(Qt::PlainText);
     m_action->setObjectName(QStringLiteral("undoButton"));
     m_action->setAutoRaise(true);
+    QFont font = m_action->font();
+    font.setUnderline(true);
+    m_action->setFont(font);
     // A click must not take the keyboard from the list.
     m_action->setFocusPolicy(Qt::TabFocus);
     connect(m_action, &QToolButton::clicked, this, &UndoLine::undoChosen);
