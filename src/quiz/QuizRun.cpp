@@ -55,6 +55,12 @@ void QuizRun::takeExclusion(const TAVWordRef &word)
     vocabulary()->invalidateCachedWordLists();
 }
 
+TAVWordList QuizRun::goneWords(TAVWordList words) const
+{
+    words.removeIf([this](const TAVWordRef &word) { return vocabulary()->allWords().contains(word); });
+    return words;
+}
+
 void QuizRun::forgetWords(const TAVWordList &words)
 {
     for (const TAVWordRef &word : words) {

@@ -291,3 +291,23 @@ TEST_F(FlashCardQuizTest, OnlyTheHighestLevelOffersNotToAskAgain)
 }
 
 } // namespace
+TEST_F(FlashCardQuizTest, OfAWordThatAnEditMadeSeveralOfNothingIsBooked)
+{
+    const TAVWordList words = threeWords();
+    startCards({words[0], words[1]});
+    for (const TAVWordRef &word : {words[0], words[1]}) {
+        clickCard();
+        press(Qt::Key_X);
+        m_words.vocabulary->removeWord(word);
+        m_cards.wordPopoverDidEditWords({word});
+        EXPECT_TRUE(shows("deletedImageView"));
+        EXPECT_FALSE(m_cards.wordsToAsk().contains(word));
+        pass();
+        EXPECT_FALSE(m_cards.isShowingSolution());
+        EXPECT_FALSE(word->lastAsked().isValid());
+    }
+    EXPECT_EQ(m_cards.run().numberOfAnswers(), 0);
+    EXPECT_EQ(m_recorder.take(), QStringLiteral("sync, saved; event 1, saved"));
+    EXPECT_EQ(m_view.currentPage(), result);
+}
+

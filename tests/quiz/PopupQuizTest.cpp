@@ -204,14 +204,24 @@ TEST_F(PopupQuizTest, ADeletedWordOffersNothingAndTheNextQuestionComesWithoutIts
     EXPECT_FALSE(knewIt->isChecked());
 }
 
-TEST_F(PopupQuizTest, ADeletedWordCanNoLongerBeExcluded)
+TEST_F(PopupQuizTest, AWordThatIsGoneCanNoLongerBeExcluded)
 {
-    startPopup(twoWords(5));
-    check("cat");
-    auto *box = panel<QCheckBox>("dontAskAgainCheckBox");
-    ASSERT_TRUE(box->isEnabled());
-    m_popup.wordPopoverDidDeleteWords({m_popup.currentWord()});
-    EXPECT_FALSE(box->isEnabled());
+    for (const bool isEdited : {false, true}) {
+        startPopup(twoWords(5));
+        check("cat");
+        auto *box = panel<QCheckBox>("dontAskAgainCheckBox");
+        ASSERT_TRUE(box->isEnabled());
+        const TAVWordRef word = m_popup.currentWord();
+        m_words.vocabulary->removeWord(word);
+        // An edit can make several words of one, which then is none of them.
+        if (isEdited)
+            m_popup.wordPopoverDidEditWords({word});
+        else
+            m_popup.wordPopoverDidDeleteWords({word});
+        EXPECT_FALSE(box->isEnabled() || panel<QWidget>("editButton")->isEnabled());
+        EXPECT_FALSE(m_popup.wordsToAsk().contains(word));
+        m_popup.quizWindow()->close();
+    }
 }
 
 TEST_F(PopupQuizTest, TheCommentStandsWithTheQuestionOnlyIfTheUserWantsIt)

@@ -314,3 +314,20 @@ TEST_F(TypingQuizTest, AWindowClosedInTheMiddleOfAFlipIsHarmless)
 }
 
 } // namespace
+TEST_F(TypingQuizTest, AWordThatAnEditMadeSeveralOfCountsAsDeleted)
+{
+    const TAVWordRef a = m_words.add("Hund", "dog", 2);
+    start({a, m_words.add("Katze", "cat", 2)});
+    answer("x");
+    // The list shows the file's words anew meanwhile; the run stays on its own.
+    m_recorder.current = std::make_shared<TAVLexicon>();
+    m_typing.wordPopoverDidEditWords({a});
+    EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible());
+    m_words.vocabulary->removeWord(a);
+    m_typing.wordPopoverDidEditWords({a});
+    EXPECT_FALSE(onCard<QPushButton>("editButton")->isVisible());
+    EXPECT_TRUE(onCard<QWidget>("deletedImageView")->isVisible());
+    EXPECT_FALSE(onCard<QCheckBox>("iKnewItCheckBox")->isEnabled());
+    EXPECT_TRUE(m_typing.run().wrongAnsweredWords().isEmpty());
+}
+

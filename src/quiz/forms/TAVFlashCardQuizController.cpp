@@ -356,7 +356,6 @@ void TAVFlashCardQuizController::showNext()
         showStatistics();
     }
     m_view->showProgress(m_run.progress());
-    m_run.saveCard();
 }
 
 void TAVFlashCardQuizController::togglePlay()
@@ -384,6 +383,13 @@ void TAVFlashCardQuizController::showPlayState()
 void TAVFlashCardQuizController::stopPlaying()
 {
     if (m_isAutoPlay)
+    askNext();
+    m_run.saveCard();
+}
+
+void TAVFlashCardQuizController::askNext()
+{
+    m_isShowingSolution = false;
         togglePlay();
     m_showNextTimer.reset();
 }
@@ -402,7 +408,6 @@ void TAVFlashCardQuizController::executeShowStatistics()
     m_view->card()->setIsSplit(false);
     m_run.end(m_isShowingSolution ? mark() : CardMark::none);
     m_ui->dontAskAgainCheckBox->setChecked(false);
-    m_isShowingSolution = false;
 
     m_view->showPage(QuizView::resultPage);
     m_view->card()->setColorNeutral();
@@ -464,10 +469,16 @@ void TAVFlashCardQuizController::closeAddWordPopover()
         m_editor->closeWordPanel(nullptr);
 }
 
-void TAVFlashCardQuizController::wordPopoverDidEditWords(const TAVWordList &)
+void TAVFlashCardQuizController::wordPopoverDidEditWords(const TAVWordList &words)
 {
     m_editor->hidePanel();
-    if (currentWord())
+    const TAVWordList gone = m_run.goneWords(words);
+    if (gone.contains(currentWord())) {
+        m_ui->editButton->setEnabled(false);
+        m_ui->deletedImageView->show();
+        m_showNextTimer.reset();
+        askNext();
+    } else if (currentWord()) {
         showTexts();
 }
 
@@ -485,3 +496,5 @@ void TAVFlashCardQuizController::wordPopoverDidCancelEditWords(const TAVWordList
 {
     m_editor->hidePanel();
 }
+    }
+    m_run.forgetWords(gone);

@@ -84,6 +84,9 @@ private:
     void flipSetQuestionAndReverseDirection(bool reverse);
     /** Runs the change of the card's content under a flip that pulses. */
     void flip(bool reverse, const std::function<void()> &change);
+    /** What follows when the word on the card is done with: the next one, or the result. */
+    void askNext();
+    /** Pauses while the window is on another virtual desktop; back there, the card has its whole time. */
     void armAutoPlay(int seconds, Step step);
     void armShowNext(std::chrono::milliseconds delay);
     /** Brings colour, pictures and arrows of the level preview in step with the two marks. */

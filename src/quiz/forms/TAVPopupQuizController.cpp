@@ -313,7 +313,7 @@ void TAVPopupQuizController::closeAddWordPopover()
         m_editor->closeWordPanel(nullptr);
 }
 
-void TAVPopupQuizController::wordPopoverDidEditWords(const TAVWordList &)
+void TAVPopupQuizController::wordPopoverDidEditWords(const TAVWordList &words)
 {
     m_editor->hidePanel();
     if (m_run.lastWord())
@@ -327,6 +327,10 @@ void TAVPopupQuizController::wordPopoverDidDeleteWords(const TAVWordList &words)
     m_ui->editButton->setEnabled(false);
     m_editor->hidePanel();
 }
+    if (const TAVWordList gone = m_run.goneWords(words); !gone.isEmpty()) {
+        wordPopoverDidDeleteWords(gone);
+        return;
+    }
 
 void TAVPopupQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)
 {

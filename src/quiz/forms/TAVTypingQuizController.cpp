@@ -333,8 +333,12 @@ void TAVTypingQuizController::closeEditor()
     focusWhatComesNext();
 }
 
-void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &)
+void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &words)
 {
+    if (const TAVWordList gone = m_run.goneWords(words); !gone.isEmpty()) {
+        wordPopoverDidDeleteWords(gone);
+        return;
+    }
     closeEditor();
     // By the direction of the present question, which can differ from that of the word on the left.
     m_card->showLastTexts();
