@@ -2,10 +2,10 @@
 
 void PopupRun::begin()
 {
+    savePendingAnswer();
     reset();
     m_isRunning = true;
     m_hasCreatedCorrectWordsToAsk = true;
-    m_hasPendingAnswer = false;
 }
 
 bool PopupRun::ask()

@@ -13,7 +13,7 @@ public:
 
     using TypedRun::TypedRun;
 
-    /** Makes the run ready; the first word comes with the first ask(). */
+    /** Writes what is pending, and makes the run ready; the first word comes with the first ask(). */
     void begin() override;
     bool isRunning() const { return m_isRunning; }
     /**

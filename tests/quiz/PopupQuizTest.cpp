@@ -1,4 +1,5 @@
 #include "quiz/QuizFormsTest.h"
+#include "quiz/forms/SegmentControl.h"
 #include "quiz/forms/TAVPopupQuizController.h"
 #include "widgets/TAVCardView.h"
 #include "widgets/TAVPieChart.h"
@@ -127,6 +128,32 @@ TEST_F(PopupQuizTest, EveryWayOutUnlocksTheWindowAndLosesNoAnswer)
     stopByWindow();
     services.clock.advanceSeconds(3600);
     EXPECT_EQ(tab(), 2);
+}
+
+TEST_F(PopupQuizTest, AnotherRunSavesTheVerdictOnTheScreenWithItsBoxesFirst)
+{
+    const TAVWordRef word = m_words.add("Katze", "cat", 3);
+    startPopup({word, m_words.add("Maus", "mouse")});
+    check("x");
+    panel<QCheckBox>("iKnewItCheckBox")->click();
+    const TAVLexiconRef old = m_words.vocabulary;
+    const QString oldPath = m_recorder.path();
+    // After a second start of the program the setup page is there, for another language by now.
+    m_words = QuizWords();
+    m_words.vocabulary->setForeignLanguageName(QStringLiteral("Greek"));
+    m_words.add("Hund", "dog");
+    m_recorder.current = m_words.vocabulary;
+    m_setup.setPopupQuizController(&m_popup);
+    on<SegmentControl>(QuizView::setupPage, "quizModeSegmentControl")->setSelectedSegment(2);
+    m_setup.showQuiz();
+    m_setup.startQuiz();
+    EXPECT_EQ(word->level(), 4);
+    EXPECT_TRUE(old->needsSync());
+    EXPECT_EQ(TAVStorageManager::vocabularyFromFile(oldPath)->wordsOfLevel(4).size(), 1);
+    EXPECT_FALSE(isInSight() || m_hub.isLocked) << "nothing is asked of the old run any more";
+    pass();
+    EXPECT_EQ(shown("questionTextField"), QStringLiteral("Hund"));
+    EXPECT_TRUE(m_hub.isLocked);
 }
 
 TEST_F(PopupQuizTest, WhatAVerdictAndAnOverruleShow)

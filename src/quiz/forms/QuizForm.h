@@ -16,6 +16,8 @@ public:
         setAskForYourWord(direction.yourWord);
     }
 
+    /** Another run is about to be prepared: the present one ends here, on the vocabulary that it has. */
+    virtual void leaveRun() {}
     /** Begins a run; options and words stand ready. Called between the two halves of the card's flip. */
     virtual void startQuiz() = 0;
     /** The page on which the run goes on. */

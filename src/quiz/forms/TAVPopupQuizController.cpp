@@ -124,6 +124,14 @@ void TAVPopupQuizController::connectControls()
     connect(qApp, &QCoreApplication::aboutToQuit, this, &Self::savePendingAnswer);
 }
 
+void TAVPopupQuizController::leaveRun()
+{
+    if (!m_run.isRunning())
+        return;
+    endRun();
+    hidePanel();
+}
+
 void TAVPopupQuizController::startQuiz()
 {
     m_run.begin();
@@ -268,13 +276,17 @@ void TAVPopupQuizController::close()
     m_window->close();
 }
 
-void TAVPopupQuizController::windowWillClose()
+void TAVPopupQuizController::endRun()
 {
-    m_timer.reset();
     m_editor->hidePanel();
     m_run.leave();
     m_card->uncheckBoxes();
     unlock();
+}
+
+void TAVPopupQuizController::windowWillClose()
+{
+    endRun();
     if (m_view->currentPage() == QuizView::popupQuizPage)
         m_showSetup();
 }
@@ -315,6 +327,10 @@ void TAVPopupQuizController::closeAddWordPopover()
 
 void TAVPopupQuizController::wordPopoverDidEditWords(const TAVWordList &words)
 {
+    if (const TAVWordList gone = m_run.goneWords(words); !gone.isEmpty()) {
+        wordPopoverDidDeleteWords(gone);
+        return;
+    }
     m_editor->hidePanel();
     if (m_run.lastWord())
         m_card->showLastTexts();
@@ -327,10 +343,6 @@ void TAVPopupQuizController::wordPopoverDidDeleteWords(const TAVWordList &words)
     m_ui->editButton->setEnabled(false);
     m_editor->hidePanel();
 }
-    if (const TAVWordList gone = m_run.goneWords(words); !gone.isEmpty()) {
-        wordPopoverDidDeleteWords(gone);
-        return;
-    }
 
 void TAVPopupQuizController::wordPopoverDidCancelEditWords(const TAVWordList &)
 {

@@ -39,6 +39,7 @@ public:
                            std::function<void()> showSetup);
     ~TAVPopupQuizController() override;
 
+    void leaveRun() override;
     void startQuiz() override;
     QuizView::Page page() const override { return QuizView::popupQuizPage; }
 
@@ -81,6 +82,8 @@ private:
     void showVerdict(Verdict verdict, const QString &answer);
     void savePendingAnswer();
     void hidePanel();
+    /** Ends the run without its result; the answer on the screen is saved. */
+    void endRun();
     void windowWillClose();
     /** The run is over, however it ended. */
     void unlock();

@@ -393,6 +393,7 @@ void TAVQuizSetupController::startQuiz()
     QuizForm *form = chosenForm();
     if (!form)
         return;
+    form->leaveRun();
     form->setVocabulary(m_vocabularyController->vocabulary());
     if (isSelectionAsked()) {
         form->setWordsToAsk(m_preSelectedWords);
