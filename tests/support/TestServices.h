@@ -187,12 +187,15 @@ public:
     void activateApplication(Application application) override { activated.append(application); }
     void raiseAboveAll(quintptr windowId) override { raised.append(windowId); }
     bool canRaiseAboveAll() const override { return canRaise; }
+    bool isOnAnotherDesktop(quintptr) override { return isAway; }
     void notify(const QString &title, const QString &text, const std::function<void()> &chosen) override;
     Application frontmost = 4711;
     QList<Application> activated;
     QList<quintptr> raised;
     bool canRaise = true;
     QStringList notifications;
+    bool repeatsArePresses = false;
+    bool isAway = false;
     std::function<void()> notificationChosen;
 };
 

@@ -15,6 +15,7 @@
 #include "widgets/Icons.h"
 #include "widgets/TAVCardView.h"
 
+#include <QKeyEvent>
 #include <QShortcut>
 
 using namespace std::chrono_literals;
@@ -26,6 +27,8 @@ constexpr std::chrono::milliseconds questionDelay = 10ms;
 constexpr std::chrono::milliseconds correctMarkDelay = 600ms;
 /** Deliberately a little shorter than after a known word. */
 constexpr std::chrono::milliseconds wrongMarkDelay = 500ms;
+/** How soon a paused autoplay sees that the user is back. */
+constexpr std::chrono::milliseconds awayInterval = 500ms;
 enum ButtonsPage { markButtons, showButton };
 
 } // namespace
@@ -127,9 +130,7 @@ void TAVFlashCardQuizController::addShortcuts()
             button->click();
     };
     add({Qt::Key_Space}, [this] {
-        if (m_ui->dontAskAgainCheckBox->hasFocus())
-            m_ui->dontAskAgainCheckBox->click();
-        else if (!m_isAutoPlay)
+        if (!m_isAutoPlay)
             showNext();
     });
     add({Qt::Key_Right, Qt::Key_C}, [this, mark] { mark(m_ui->correctButton); });
@@ -138,11 +139,26 @@ void TAVFlashCardQuizController::addShortcuts()
         if (m_ui->playButton->isEnabled())
             m_ui->playButton->click();
     });
+    for (auto *button : page->findChildren<QAbstractButton *>())
+        button->installEventFilter(this);
+    m_ui->flipTimeoutSlider->installEventFilter(this);
+}
+
+bool TAVFlashCardQuizController::isKeyOfControl(const QEvent &event)
+{
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const int key = static_cast<const QKeyEvent &>(event).key();
+    return key == Qt::Key_Space || key == Qt::Key_Left || key == Qt::Key_Right;
 }
 
 bool TAVFlashCardQuizController::eventFilter(QObject *watched, QEvent *event)
 {
     QWidget *page = m_view->page(QuizView::flashCardPage);
+    if (watched != page && watched != m_view->result() && isKeyOfControl(*event)) {
+        event->accept();
+        return true;
+    }
     // A minimised window is left as well: nobody sees what would be booked.
     if (event->type() == QEvent::Hide) {
         if (watched == page) {
@@ -253,6 +269,9 @@ void TAVFlashCardQuizController::showSolution()
     if (!currentWord() || m_isQuestionComing || m_isShowingSolution)
         return;
     flip(true, [this] {
+        // With its button gone, the focus would go on to a mark, and take the arrows with it.
+        if (m_ui->showAnswerButton->hasFocus())
+            m_view->page(QuizView::flashCardPage)->setFocus();
         m_isShowingSolution = true;
         m_autoPlayTimer.reset();
         m_ui->correctAnswerTextField->show();
@@ -269,15 +288,21 @@ void TAVFlashCardQuizController::showSolution()
 
 void TAVFlashCardQuizController::markCorrect()
 {
-    m_ui->wrongButton->setChecked(false);
-    armShowNext(correctMarkDelay);
-    showMarks();
+    takeMark(m_ui->wrongButton, correctMarkDelay);
 }
 
 void TAVFlashCardQuizController::markWrong()
 {
-    m_ui->correctButton->setChecked(false);
-    armShowNext(wrongMarkDelay);
+    takeMark(m_ui->correctButton, wrongMarkDelay);
+}
+
+void TAVFlashCardQuizController::takeMark(QAbstractButton *otherMark, std::chrono::milliseconds delay)
+{
+    otherMark->setChecked(false);
+    // The word that the card still shows may be booked already.
+    if (!currentWord() || m_isQuestionComing)
+        return;
+    armShowNext(delay);
     showMarks();
 }
 
@@ -313,7 +338,25 @@ void TAVFlashCardQuizController::armAutoPlay(int seconds, Step step)
 {
     m_autoPlayTimer.reset();
     m_autoPlayTimer =
-        platform::clock().startTimer(std::chrono::seconds(seconds), false, [this, step] { (this->*step)(); });
+        platform::clock().startTimer(std::chrono::seconds(seconds), false, [this, seconds, step] {
+            if (isAway())
+                waitForReturn(seconds, step);
+            else
+                (this->*step)();
+        });
+}
+
+void TAVFlashCardQuizController::waitForReturn(int seconds, Step step)
+{
+    m_autoPlayTimer = platform::clock().startTimer(awayInterval, true, [this, seconds, step] {
+        if (!isAway())
+            armAutoPlay(seconds, step);
+    });
+}
+
+bool TAVFlashCardQuizController::isAway() const
+{
+    return platform::services().desktop->isOnAnotherDesktop(m_view->window()->winId());
 }
 
 void TAVFlashCardQuizController::armShowNext(std::chrono::milliseconds delay)
@@ -340,8 +383,14 @@ void TAVFlashCardQuizController::showNext()
         return;
     }
 
-    m_isShowingSolution = false;
     m_run.book(mark());
+    askNext();
+    m_run.saveCard();
+}
+
+void TAVFlashCardQuizController::askNext()
+{
+    m_isShowingSolution = false;
     m_ui->dontAskAgainCheckBox->setChecked(false);
     m_run.askNext();
     if (currentWord()) {
@@ -383,13 +432,6 @@ void TAVFlashCardQuizController::showPlayState()
 void TAVFlashCardQuizController::stopPlaying()
 {
     if (m_isAutoPlay)
-    askNext();
-    m_run.saveCard();
-}
-
-void TAVFlashCardQuizController::askNext()
-{
-    m_isShowingSolution = false;
         togglePlay();
     m_showNextTimer.reset();
 }
@@ -408,6 +450,7 @@ void TAVFlashCardQuizController::executeShowStatistics()
     m_view->card()->setIsSplit(false);
     m_run.end(m_isShowingSolution ? mark() : CardMark::none);
     m_ui->dontAskAgainCheckBox->setChecked(false);
+    m_isShowingSolution = false;
 
     m_view->showPage(QuizView::resultPage);
     m_view->card()->setColorNeutral();
@@ -480,6 +523,8 @@ void TAVFlashCardQuizController::wordPopoverDidEditWords(const TAVWordList &word
         askNext();
     } else if (currentWord()) {
         showTexts();
+    }
+    m_run.forgetWords(gone);
 }
 
 void TAVFlashCardQuizController::wordPopoverDidDeleteWords(const TAVWordList &words)
@@ -496,5 +541,3 @@ void TAVFlashCardQuizController::wordPopoverDidCancelEditWords(const TAVWordList
 {
     m_editor->hidePanel();
 }
-    }
-    m_run.forgetWords(gone);

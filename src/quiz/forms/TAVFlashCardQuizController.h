@@ -88,6 +88,11 @@ private:
     void askNext();
     /** Pauses while the window is on another virtual desktop; back there, the card has its whole time. */
     void armAutoPlay(int seconds, Step step);
+    void waitForReturn(int seconds, Step step);
+    bool isAway() const;
+    void takeMark(QAbstractButton *otherMark, std::chrono::milliseconds delay);
+    /** Whether a focused button or slider has a better use for the key than the page. */
+    static bool isKeyOfControl(const QEvent &event);
     void armShowNext(std::chrono::milliseconds delay);
     /** Brings colour, pictures and arrows of the level preview in step with the two marks. */
     void showMarks();
