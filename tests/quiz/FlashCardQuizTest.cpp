@@ -278,6 +278,30 @@ TEST_F(FlashCardQuizTest, NothingIsBookedUnseenWhereverTheUserGoes)
     EXPECT_EQ(m_cards.run().numberOfAnswers(), 0);
 }
 
+TEST_F(FlashCardQuizTest, AMarkIsBookedThoughItsPageIsLeft)
+{
+    const std::function<void()> ways[] = {[this] { m_view.close(); }, [this] { m_setup.showQuiz(); },
+                                          [this] {
+                                              m_setup.setLearnController(&m_cards);
+                                              m_setup.showQuiz();
+                                              m_setup.startQuiz();
+                                          }};
+    for (const auto &leave : ways) {
+        const TAVWordRef word = m_words.add("Hund", "dog", 2);
+        startCards({word, m_words.add("Katze", "cat", 2)});
+        clickCard();
+        press(Qt::Key_C);
+        leave();
+        pass();
+        EXPECT_EQ(word->level(), 3);
+        EXPECT_EQ(m_cards.run().numberOfAnswers(), 1);
+        EXPECT_FALSE(m_view.page(card)->hasFocus());
+        m_view.show();
+        m_view.activateWindow();
+        processEvents();
+    }
+}
+
 TEST_F(FlashCardQuizTest, TheCountdownAsksTheSameWordsAgainUnlessItIsStopped)
 {
     const TAVWordList words = threeWords();
@@ -313,6 +337,26 @@ TEST_F(FlashCardQuizTest, TheCountdownAsksTheSameWordsAgainUnlessItIsStopped)
     EXPECT_FALSE(shows("deletedImageView")) << "the next word is there";
     EXPECT_NE(m_cards.currentWord(), deleted);
     EXPECT_FALSE(m_cards.wordsToAsk().contains(deleted));
+}
+
+TEST_F(FlashCardQuizTest, OfAWordThatAnEditMadeSeveralOfNothingIsBooked)
+{
+    const TAVWordList words = threeWords();
+    startCards({words[0], words[1]});
+    for (const TAVWordRef &word : {words[0], words[1]}) {
+        clickCard();
+        press(Qt::Key_X);
+        m_words.vocabulary->removeWord(word);
+        m_cards.wordPopoverDidEditWords({word});
+        EXPECT_TRUE(shows("deletedImageView"));
+        EXPECT_FALSE(m_cards.wordsToAsk().contains(word));
+        pass();
+        EXPECT_FALSE(m_cards.isShowingSolution());
+        EXPECT_FALSE(word->lastAsked().isValid());
+    }
+    EXPECT_EQ(m_cards.run().numberOfAnswers(), 0);
+    EXPECT_EQ(m_recorder.take(), QStringLiteral("sync, saved; event 1, saved"));
+    EXPECT_EQ(m_view.currentPage(), result);
 }
 
 TEST_F(FlashCardQuizTest, StoppingBooksTheLastMarkAndWrongWordsComeAgainInTheirOrder)
@@ -369,23 +413,3 @@ TEST_F(FlashCardQuizTest, OnlyTheHighestLevelOffersNotToAskAgain)
 }
 
 } // namespace
-TEST_F(FlashCardQuizTest, OfAWordThatAnEditMadeSeveralOfNothingIsBooked)
-{
-    const TAVWordList words = threeWords();
-    startCards({words[0], words[1]});
-    for (const TAVWordRef &word : {words[0], words[1]}) {
-        clickCard();
-        press(Qt::Key_X);
-        m_words.vocabulary->removeWord(word);
-        m_cards.wordPopoverDidEditWords({word});
-        EXPECT_TRUE(shows("deletedImageView"));
-        EXPECT_FALSE(m_cards.wordsToAsk().contains(word));
-        pass();
-        EXPECT_FALSE(m_cards.isShowingSolution());
-        EXPECT_FALSE(word->lastAsked().isValid());
-    }
-    EXPECT_EQ(m_cards.run().numberOfAnswers(), 0);
-    EXPECT_EQ(m_recorder.take(), QStringLiteral("sync, saved; event 1, saved"));
-    EXPECT_EQ(m_view.currentPage(), result);
-}
-

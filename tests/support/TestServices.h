@@ -192,6 +192,7 @@ public:
     Application frontmost = 4711;
     QList<Application> activated;
     QList<quintptr> raised;
+    bool sendsRepeatsAsPresses() const override { return repeatsArePresses; }
     bool canRaise = true;
     QStringList notifications;
     bool repeatsArePresses = false;

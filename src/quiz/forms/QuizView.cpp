@@ -5,6 +5,7 @@
 #include "quiz/forms/CardStyle.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "widgets/CardFlip.h"
+#include "quiz/forms/ReturnKey.h"
 #include "widgets/DarkBand.h"
 #include "widgets/TAVCardView.h"
 #include "widgets/TAVProgressBar.h"
@@ -44,6 +45,8 @@ QuizView::QuizView(QWidget *parent)
     m_tabView->setCurrentIndex(setupPage);
     auto *cardLayout = new QVBoxLayout(m_card);
     cardLayout->setContentsMargins(0, 0, 0, 0);
+    new ReturnKey(
+        m_result, [this] { m_result->pressDefaultButton(); }, [this] { return m_steps.isPending(); });
     cardLayout->addWidget(m_tabView);
 
     m_band = makeBand();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "quiz/forms/DelayedSteps.h"
+
 #include <QWidget>
 
 class CardFlip;
@@ -33,6 +35,8 @@ public:
     /** The result page, shared by the forms that have none of their own. */
     QuizResultPage *result() const { return m_result; }
 
+    /** The steps of all forms, as only one of them is in front at a time. */
+    DelayedSteps &steps() { return m_steps; }
     QLabel *statusText() const { return m_statusText; }
     TAVProgressBar *progressIndicator() const { return m_progressIndicator; }
     /** The line "question so and so of so many", and the bar beside it. */
@@ -51,3 +55,4 @@ private:
     QLabel *m_statusText = nullptr;
     TAVProgressBar *m_progressIndicator = nullptr;
 };
+    DelayedSteps m_steps;

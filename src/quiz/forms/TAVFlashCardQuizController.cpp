@@ -22,7 +22,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::chrono::milliseconds stepDelay = 200ms;
 constexpr std::chrono::milliseconds questionDelay = 10ms;
 constexpr std::chrono::milliseconds correctMarkDelay = 600ms;
 /** Deliberately a little shorter than after a known word. */
@@ -108,10 +107,13 @@ void TAVFlashCardQuizController::connectControls()
     connect(m_ui->dontAskAgainCheckBox, &QCheckBox::toggled, this,
             [this](bool isOn) { m_run.setIsExcluded(isOn); });
     connect(m_restartControls, &FlashCardRestart::restartRequested, this, &Self::startAgain);
-    new ReturnKey(m_view->page(QuizView::flashCardPage), [this] {
-        if (!m_isAutoPlay)
-            showNext();
-    });
+    new ReturnKey(
+        m_view->page(QuizView::flashCardPage),
+        [this] {
+            if (!m_isAutoPlay)
+                showNext();
+        },
+        [this] { return m_view->steps().isPending(); });
 }
 
 void TAVFlashCardQuizController::addShortcuts()
@@ -159,26 +161,34 @@ bool TAVFlashCardQuizController::eventFilter(QObject *watched, QEvent *event)
         event->accept();
         return true;
     }
-    // A minimised window is left as well: nobody sees what would be booked.
+    // A minimised window is left as well: nobody sees what would be booked. A mark was made by the user, and
+    // is booked all the same.
     if (event->type() == QEvent::Hide) {
         if (watched == page) {
-            stopPlaying();
+            if (m_isAutoPlay)
+                togglePlay();
             m_editor->hidePanel();
         } else {
             m_restartControls->endCountdown();
         }
+    } else if (event->type() == QEvent::Show && !event->spontaneous() && watched == page) {
+        takeFocus();
     } else if (event->type() == QEvent::Resize && watched == page) {
         m_ui->showAnswerHiddenButton->setGeometry(page->rect());
     }
     return QObject::eventFilter(watched, event);
 }
 
-void TAVFlashCardQuizController::scheduleOnPage(QuizView::Page page, Step step)
+void TAVFlashCardQuizController::takeFocus()
 {
-    platform::clock().callAfter(stepDelay, this, [this, page, step] {
-        if (m_view->currentPage() == page)
-            (this->*step)();
-    });
+    if (QWidget *page = m_view->page(QuizView::flashCardPage); page->isVisible())
+        page->setFocus();
+}
+
+void TAVFlashCardQuizController::finishSteps()
+{
+    if (m_showNextTimer)
+        showNext();
 }
 
 void TAVFlashCardQuizController::changeFlipTimeout()
@@ -233,7 +243,7 @@ void TAVFlashCardQuizController::setQuestion()
     LevelPicture::showLevel(m_ui->lowerLevelImageView, FlashCardRun::levelBelow(level));
     showMarks();
     // The keys of this page work wherever the last click has left the focus.
-    m_view->page(QuizView::flashCardPage)->setFocus();
+    takeFocus();
     if (m_isAutoPlay)
         armAutoPlay(m_pace.showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
 }
@@ -248,6 +258,10 @@ void TAVFlashCardQuizController::showTexts()
 
 void TAVFlashCardQuizController::flip(bool reverse, const std::function<void()> &change)
 {
+    if (m_view->currentPage() == QuizView::setupPage) {
+        change();
+        return;
+    }
     CardFlip *flip = m_view->flip();
     flip->setReverseDirection(reverse);
     flip->setPulsesOpacity(true);
@@ -271,7 +285,7 @@ void TAVFlashCardQuizController::showSolution()
     flip(true, [this] {
         // With its button gone, the focus would go on to a mark, and take the arrows with it.
         if (m_ui->showAnswerButton->hasFocus())
-            m_view->page(QuizView::flashCardPage)->setFocus();
+            takeFocus();
         m_isShowingSolution = true;
         m_autoPlayTimer.reset();
         m_ui->correctAnswerTextField->show();
@@ -438,11 +452,14 @@ void TAVFlashCardQuizController::stopPlaying()
 
 void TAVFlashCardQuizController::showStatistics()
 {
-    scheduleOnPage(QuizView::flashCardPage, &TAVFlashCardQuizController::executeShowStatistics);
+    m_view->steps().add(this, [this] { executeShowStatistics(); });
 }
 
 void TAVFlashCardQuizController::executeShowStatistics()
 {
+    // A double click asks twice for the same result.
+    if (m_view->currentPage() == QuizView::resultPage)
+        return;
     stopPlaying();
     m_restartControls->endCountdown();
     m_isQuestionComing = false;
@@ -465,7 +482,7 @@ void TAVFlashCardQuizController::executeShowStatistics()
 
 void TAVFlashCardQuizController::restartQuizWithWrong()
 {
-    scheduleOnPage(QuizView::resultPage, &TAVFlashCardQuizController::executeRestartQuizWithWrong);
+    m_view->steps().add(this, [this] { executeRestartQuizWithWrong(); });
 }
 
 void TAVFlashCardQuizController::executeRestartQuizWithWrong()

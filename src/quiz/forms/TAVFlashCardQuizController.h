@@ -32,6 +32,8 @@ public:
     TAVFlashCardQuizController(QuizView *view, VocabularyDocument &document);
     ~TAVFlashCardQuizController() override;
 
+    /** Books a mark that is about to be booked. */
+    void finishSteps() override;
     void startQuiz() override;
     QuizView::Page page() const override { return QuizView::flashCardPage; }
 
@@ -73,7 +75,6 @@ private:
     void localize();
     void connectControls();
     void addShortcuts();
-    void scheduleOnPage(QuizView::Page page, Step step);
     void executeShowStatistics();
     void executeRestartQuizWithWrong();
     void startAgain();
@@ -97,6 +98,8 @@ private:
     /** Brings colour, pictures and arrows of the level preview in step with the two marks. */
     void showMarks();
     void showPlayState();
+    /** Only while the page is seen: elsewhere the keyboard is another's. */
+    void takeFocus();
     CardMark mark() const;
     void showTexts();
 

@@ -121,7 +121,10 @@ void TAVPopupQuizController::connectControls()
     new ReturnKey(m_ui->resultPage, [this] { close(); });
     connect(m_window.get(), &PopupPanel::closing, this, &Self::windowWillClose);
     // An answer on the screen when the program ends is an answer all the same.
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &Self::savePendingAnswer);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, [this] {
+        savePendingAnswer();
+        m_card->giveInputSourceBack();
+    });
 }
 
 void TAVPopupQuizController::leaveRun()
@@ -322,6 +325,7 @@ void TAVPopupQuizController::editLastWord()
 void TAVPopupQuizController::closeAddWordPopover()
 {
     if (m_editor->isInAddingMode())
+    m_card->giveInputSourceBack();
         m_editor->closeWordPanel(nullptr);
 }
 
