@@ -194,10 +194,18 @@ public:
     QList<quintptr> raised;
     bool sendsRepeatsAsPresses() const override { return repeatsArePresses; }
     bool canRaise = true;
-    QStringList notifications;
     bool repeatsArePresses = false;
     bool isAway = false;
+    QStringList notifications;
     std::function<void()> notificationChosen;
+};
+
+/** The user is away, until the test says otherwise. */
+class TestIdleTime : public platform::IdleTime
+{
+public:
+    std::optional<std::chrono::milliseconds> sinceLastInput() override { return idle; }
+    std::optional<std::chrono::milliseconds> idle = std::chrono::hours(1);
 };
 
 class TestSystemLog : public platform::SystemLog
@@ -237,6 +245,7 @@ public:
     TestHttp http;
     TestKeyring keyring;
     TestDeviceRegistry deviceRegistry;
+    TestIdleTime idleTime;
     UnsyncedOperations operations;
     QStringList diagnosticLines;
 
