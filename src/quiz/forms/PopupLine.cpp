@@ -8,6 +8,12 @@
 #include <QLocale>
 #include <QPushButton>
 
+namespace {
+
+constexpr int spacing = 6;
+
+}
+
 PopupLine::PopupLine(QWidget *parent)
     : QWidget(parent)
     , m_label(new QLabel(this))
@@ -20,13 +26,15 @@ PopupLine::PopupLine(QWidget *parent)
     // It reads as the end of the line, not as one more button of the page.
     m_endButton->setFlat(true);
     m_endButton->setCursor(Qt::PointingHandCursor);
-    QPalette colors = m_endButton->palette();
-    colors.setColor(QPalette::ButtonText, colors.color(QPalette::Link));
-    m_endButton->setPalette(colors);
+    QFont underlined = m_endButton->font();
+    underlined.setUnderline(true);
+    m_endButton->setFont(underlined);
+    m_endButton->setFixedWidth(m_endButton->fontMetrics().horizontalAdvance(m_endButton->text()) +
+                               2 * spacing);
     auto *dot = new QLabel(QStringLiteral("·"), this);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
+    row->setSpacing(spacing);
     row->addStretch(1);
     for (QWidget *part :
          {static_cast<QWidget *>(m_label), static_cast<QWidget *>(dot), static_cast<QWidget *>(m_endButton)})
