@@ -1,7 +1,7 @@
 // An archive of a vocabulary: whatever it holds, it reads or is refused without harm, and what was read can
 // be written and read as the same again.
 
-#include "FuzzServices.h"
+#include "BenchServices.h"
 #include "model/TAVLexicon.h"
 #include "storage/archive/ArchiveDecoder.h"
 #include "storage/archive/ArchiveEncoder.h"
@@ -26,7 +26,7 @@ TAVLexiconRef readArchive(QByteArrayView bytes)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    static const FuzzServices services;
+    static const BenchServices services;
     const TAVLexiconRef vocabulary = readArchive(QByteArrayView(data, qsizetype(size)));
     if (!vocabulary)
         return 0;

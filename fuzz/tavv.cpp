@@ -1,7 +1,7 @@
 // The JSON of a vocabulary: whatever it holds, it reads without harm, and what was read is written as JSON
 // that reads as the same again.
 
-#include "FuzzServices.h"
+#include "BenchServices.h"
 #include "files/Utf8.h"
 #include "model/TAVLexicon.h"
 #include "model/TAVStatistics.h"
@@ -22,7 +22,7 @@ void demand(bool holds)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    static const FuzzServices services;
+    static const BenchServices services;
     const QByteArrayView bytes(data, qsizetype(size));
     const TAVLexiconRef vocabulary = TAVLexicon::initWithJson(bytes);
     vocabulary->statistics()->wordsLearnedTotal();

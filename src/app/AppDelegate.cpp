@@ -2,8 +2,10 @@
 
 #include "DeployerValues.h"
 #include "app/ground/SettingsTable.h"
+#include "files/Files.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
+#include "platform/Texts.h"
 #include "storage/SafeSaves.h"
 #include "storage/TAVStorageManager.h"
 #include "sync/DropBoxController.h"
@@ -14,6 +16,7 @@
 #include "usage/logging/DDLog.h"
 #include "usage/logging/DDTTYLogger.h"
 
+#include <QFileInfo>
 #include <QUuid>
 
 void AppDelegate::load()
@@ -31,8 +34,9 @@ AppDelegate::AppDelegate()
 {
     DDLog::addLogger(DDASLLogger::sharedInstance());
     DDLog::addLogger(DDTTYLogger::sharedInstance());
-    m_folderLock.emplace(applicationSupportFolder());
-    if (m_folderLock->state() == files::FolderLock::State::Unavailable)
+    if (const QString folder = applicationSupportFolder(); !folder.isEmpty())
+        m_folderLock.emplace(folder);
+    if (isWithoutLock())
         platform::diagnosticLog(
             QStringLiteral("AppDelegate > init > no lock for the folder: another Tavimo may work in it"));
     // What another program is just writing is not for us to finish.
@@ -49,6 +53,28 @@ AppDelegate::~AppDelegate()
 void AppDelegate::applicationWillFinishLaunching()
 {
     offerMoveToApplicationsFolder();
+}
+
+QList<AppDelegate::Notice> AppDelegate::notices() const
+{
+    using platform::SettingsState;
+    QList<Notice> notices;
+    const QString folder = vocabularyFolderPath();
+    if (const auto entries = files::list(folder); !entries)
+        notices.append({QStringLiteral("folderUnreadableLabel"),
+                        platform::localized("folderUnreadable").arg(folder, entries.error().text())});
+    if (isWithoutLock())
+        notices.append({QStringLiteral("folderNotLockedLabel"),
+                        platform::localized("folderNotLocked").arg(QFileInfo(folder).path())});
+    const SettingsState state = platform::settings().state();
+    const QString settingsFile = platform::settingsPath(platform::services().folders->configDirectory());
+    if (state == SettingsState::Unusable)
+        notices.append(
+            {QStringLiteral("settingsLabel"), platform::localized("settingsUnusable").arg(settingsFile)});
+    if (state == SettingsState::Damaged)
+        notices.append(
+            {QStringLiteral("settingsLabel"), platform::localized("settingsDamaged").arg(settingsFile)});
+    return notices;
 }
 
 void AppDelegate::applicationDidFinishLaunching(const QString &notificationName)

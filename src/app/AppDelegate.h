@@ -3,6 +3,9 @@
 #include "app/ground/AppGround.h"
 #include "files/FolderLock.h"
 
+#include <QList>
+#include <QString>
+
 #include <optional>
 
 /** What the entry object tells the main window. */
@@ -33,6 +36,16 @@ public:
     }
 
     void applicationWillFinishLaunching();
+
+    struct Notice
+    {
+        /** The object name of its line. */
+        QString name;
+        QString text;
+    };
+    /** What is wrong with the program's surroundings, but not so that it couldn't run. */
+    QList<Notice> notices() const;
+
     /** Not owned; set once the main window stands, and back to null before it goes. */
     void setMainWindowController(MainWindowLink *controller) { m_mainWindowController = controller; }
     /** The rest of the start. Nothing here waits for the background work that it begins. */
@@ -51,6 +64,10 @@ protected:
     virtual void offerMoveToApplicationsFolder() {}
 
 private:
+    bool isWithoutLock() const
+    {
+        return m_folderLock && m_folderLock->state() == files::FolderLock::State::Unavailable;
+    }
     static void registerDefaults();
     static void startUsageClient();
 

@@ -36,6 +36,8 @@ Program::~Program()
 
 void Program::awakeFromNib()
 {
+    for (const AppDelegate::Notice &notice : m_delegate.notices())
+        m_mainWindowController.tell(notice.name, notice.text);
     m_mainWindowController.awakeFromNib();
     m_mainWindowController.mainWindow()->show();
 }

@@ -2,6 +2,7 @@
 #include "app/Composition.h"
 #include "app/SystemServices.h"
 #include "platform/Texts.h"
+#include "platform/desktop/SessionBus.h"
 #include "platform/desktop/SingleInstance.h"
 #include "usage/logging/DDLog.h"
 
@@ -61,6 +62,7 @@ int run(Application &application, SystemServices &services, SingleInstance &inst
 
 int main(int argc, char **argv)
 {
+    platform::leaveSilentSessionBus();
     Application application(argc, argv);
     linkTavimoTexts();
     platform::installTexts(platform::userLocaleName());

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 /** Conversions of numbers from files, which may be of any size. */
 namespace coding {
@@ -15,11 +16,22 @@ inline qint64 integerFromReal(double value)
     return value > -limit && value < limit ? qint64(value) : 0;
 }
 
-/** A count, or the sync's version: 0 for a value so large that calculating with it could overflow. */
-inline qint64 plausibleCount(qint64 value)
+/** The sum; the nearest number that fits where it doesn't. */
+inline qint64 sum(qint64 a, qint64 b)
 {
-    constexpr qint64 limit = qint64(1) << 56;
-    return value > -limit && value < limit ? value : 0;
+    qint64 result = 0;
+    if (!__builtin_add_overflow(a, b, &result))
+        return result;
+    return a < 0 ? std::numeric_limits<qint64>::min() : std::numeric_limits<qint64>::max();
+}
+
+/** The same for a difference. */
+inline qint64 difference(qint64 a, qint64 b)
+{
+    qint64 result = 0;
+    if (!__builtin_sub_overflow(a, b, &result))
+        return result;
+    return a < 0 ? std::numeric_limits<qint64>::min() : std::numeric_limits<qint64>::max();
 }
 
 /** 0 for a negative value. */

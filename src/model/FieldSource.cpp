@@ -59,8 +59,6 @@ void MapSource::records(const Read &read)
 {
     const QJsonArray array = m_value.toArray();
     for (const QJsonValue member : array) {
-        if (!member.isObject())
-            continue;
         MapSource source(member.toObject());
         read(source);
     }

@@ -40,7 +40,7 @@ public:
     /** The texts among the members of a list. */
     virtual platform::TextSet texts() = 0;
     virtual void record(const Read &read) = 0;
-    /** Reads each record among the members of a list. */
+    /** Reads each member of a list; one that is no record reads as one without fields. */
     virtual void records(const Read &read) = 0;
 };
 

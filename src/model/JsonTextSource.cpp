@@ -157,10 +157,13 @@ void JsonTextSource::records(const Read &read)
     if (!takeIf(peek() == '['))
         return;
     forEachMember([this, &read] {
-        if (peek() != '{')
+        if (peek() != '{') {
             passValue();
-        else if (opens('{'))
+            MapSource none{QJsonObject()};
+            read(none);
+        } else if (opens('{')) {
             readRecordBody(read);
+        }
     });
 }
 
@@ -272,8 +275,8 @@ JsonTextSource::Number JsonTextSource::number()
     if (isWhole && std::from_chars(start, m_position, number.integer).ec == std::errc()) {
         number.real = double(number.integer);
     } else {
-        // Where even a real can't hold the number, it stays 0.
-        std::from_chars(start, m_position, number.real);
+        // Infinite where it is too large, which is not the same as a 0.
+        number.real = QString::fromLatin1(start, m_position - start).toDouble();
         number.integer = coding::integerFromReal(number.real);
     }
     return number;

@@ -26,6 +26,18 @@ LanguageSettings::LanguageSettings()
     m_fields.isAutoSelectInputSource = true;
 }
 
+void LanguageSettings::setYourFacultativeWords(const platform::TextSet &words)
+{
+    m_fields.yourFacultativeWords = words;
+    m_yourFacultatives = FacultativeWords(words);
+}
+
+void LanguageSettings::setForeignFacultativeWords(const platform::TextSet &words)
+{
+    m_fields.foreignFacultativeWords = words;
+    m_foreignFacultatives = FacultativeWords(words);
+}
+
 void LanguageSettings::setYourTextInputSourceId(const std::optional<QString> &sourceId)
 {
     m_fields.yourTextInputSourceId = sourceId;
@@ -43,6 +55,8 @@ void LanguageSettings::setForeignTextInputSourceId(const std::optional<QString> 
 void LanguageSettings::setLanguageFields(const LanguageFields &fields)
 {
     m_fields = fields;
+    m_yourFacultatives = FacultativeWords(fields.yourFacultativeWords);
+    m_foreignFacultatives = FacultativeWords(fields.foreignFacultativeWords);
     resolveInputSources();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/FacultativeWords.h"
 #include "platform/InputSources.h"
 #include "platform/OrderedSet.h"
 
@@ -40,12 +41,12 @@ public:
 
     /** Words such as articles, which sorting skips at the start of an entry. */
     const platform::TextSet &yourFacultativeWords() const { return m_fields.yourFacultativeWords; }
-    void setYourFacultativeWords(const platform::TextSet &words) { m_fields.yourFacultativeWords = words; }
+    void setYourFacultativeWords(const platform::TextSet &words);
     const platform::TextSet &foreignFacultativeWords() const { return m_fields.foreignFacultativeWords; }
-    void setForeignFacultativeWords(const platform::TextSet &words)
-    {
-        m_fields.foreignFacultativeWords = words;
-    }
+    void setForeignFacultativeWords(const platform::TextSet &words);
+    /** The same sets, prepared for removing them from entries. */
+    const FacultativeWords &yourFacultatives() const { return m_yourFacultatives; }
+    const FacultativeWords &foreignFacultatives() const { return m_foreignFacultatives; }
 
     std::optional<QString> yourTextInputSourceId() const { return m_fields.yourTextInputSourceId; }
     /** Also finds the live source; one that is not installed here leaves the live source as it was. */
@@ -70,6 +71,8 @@ protected:
 
 private:
     LanguageFields m_fields;
+    FacultativeWords m_yourFacultatives;
+    FacultativeWords m_foreignFacultatives;
     platform::InputSourceRef m_yourTextInputSource;
     platform::InputSourceRef m_foreignTextInputSource;
 };

@@ -1,6 +1,7 @@
 #include "model/TAVStatistics.h"
 
 #include "app/ground/AppGround.h"
+#include "model/CodingNumbers.h"
 #include "model/TAVLexicon.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
@@ -54,7 +55,7 @@ TAVDailyStatisticsSnapshot::TAVDailyStatisticsSnapshot(const TAVLexicon &vocabul
 
 qint64 TAVDailyStatisticsSnapshot::numberOfAllExceptUnknown() const
 {
-    return std::accumulate(m_numberOfWords.begin() + 1, m_numberOfWords.end(), qint64(0));
+    return std::accumulate(m_numberOfWords.begin() + 1, m_numberOfWords.end(), qint64(0), coding::sum);
 }
 
 int TAVDailyStatisticsSnapshot::compareDates(const TAVDailyStatisticsSnapshot &other) const
@@ -101,7 +102,7 @@ qint64 TAVStatistics::wordsLearnedToday() const
         return 0;
     const qsizetype count = m_dailySnapshots.size();
     const qint64 before = count > 1 ? m_dailySnapshots.at(count - 2)->numberOfAllExceptUnknown() : 0;
-    return last->numberOfAllExceptUnknown() - before;
+    return coding::difference(last->numberOfAllExceptUnknown(), before);
 }
 
 qint64 TAVStatistics::wordsLearnedSince(qint64 spanInSeconds) const
@@ -117,7 +118,7 @@ qint64 TAVStatistics::wordsLearnedSince(qint64 spanInSeconds) const
     };
     const auto found = std::find_if(m_dailySnapshots.crbegin(), m_dailySnapshots.crend(), isOldEnough);
     const TAVSnapshotRef start = found != m_dailySnapshots.crend() ? *found : m_dailySnapshots.first();
-    return last->numberOfAllExceptUnknown() - start->numberOfAllExceptUnknown();
+    return coding::difference(last->numberOfAllExceptUnknown(), start->numberOfAllExceptUnknown());
 }
 
 qint64 TAVStatistics::wordsLearnedThisWeek() const

@@ -44,8 +44,7 @@ TAVSnapshotRef TAVDailyStatisticsSnapshot::initWithFields(FieldSource &source)
             snapshot->setDay(dayFromSeconds(source.real().value_or(0)));
         const auto *const key = std::find(mapKeys.begin(), mapKeys.end(), QLatin1StringView(source.key()));
         if (key != mapKeys.end())
-            snapshot->setNumberOfWordsInLevel(int(key - mapKeys.begin()),
-                                              coding::plausibleCount(source.integer()));
+            snapshot->setNumberOfWordsInLevel(int(key - mapKeys.begin()), source.integer());
     }
     return snapshot;
 }
@@ -69,8 +68,7 @@ TAVSnapshotRef TAVDailyStatisticsSnapshot::initWithCoder(const ArchiveDecoder &d
     const auto snapshot = std::make_shared<TAVDailyStatisticsSnapshot>();
     for (int level = 0; level < numberOfLevels; ++level) {
         const qint64 number = decoder.integer(archiveKeys[size_t(level)]);
-        snapshot->setNumberOfWordsInLevel(level, level == narrowLevel ? qint64(qint32(number))
-                                                                      : coding::plausibleCount(number));
+        snapshot->setNumberOfWordsInLevel(level, level == narrowLevel ? qint64(qint32(number)) : number);
     }
     const QDateTime day = decoder.date("day"_L1);
     snapshot->setDay(day.isValid() ? day : coding::dateFromSeconds(0));

@@ -1,26 +1,12 @@
 #include "model/TAVWord.h"
 
 #include "app/ground/AppGround.h"
+#include "model/FacultativeWords.h"
 #include "model/TAVLexicon.h"
 #include "platform/CaseFolding.h"
 #include "platform/DiagnosticLog.h"
 
 namespace {
-
-bool isBlank(QChar character)
-{
-    return character == u'\t' || character.category() == QChar::Separator_Space;
-}
-
-/** Unlike QString::trimmed(), which also cuts line ends. */
-QStringView trimmedOfBlanks(QStringView text)
-{
-    while (!text.isEmpty() && isBlank(text.front()))
-        text = text.sliced(1);
-    while (!text.isEmpty() && isBlank(text.back()))
-        text.chop(1);
-    return text;
-}
 
 QStringList sortedTags(const TAVTextSet &tags)
 {
@@ -79,25 +65,18 @@ void TAVWord::addTag(const std::optional<QString> &tag)
 QString TAVWord::yourWordWithoutFacultatives() const
 {
     const TAVLexiconRef vocabulary = m_weakVocForSort.lock();
-    return vocabulary ? wordByRemovingFacultatives(vocabulary->yourFacultativeWords(), m_yourWord)
-                      : m_yourWord;
+    return vocabulary ? vocabulary->yourFacultatives().removedFrom(m_yourWord) : m_yourWord;
 }
 
 QString TAVWord::foreignWordWithoutFacultatives() const
 {
     const TAVLexiconRef vocabulary = m_weakVocForSort.lock();
-    return vocabulary ? wordByRemovingFacultatives(vocabulary->foreignFacultativeWords(), m_foreignWord)
-                      : m_foreignWord;
+    return vocabulary ? vocabulary->foreignFacultatives().removedFrom(m_foreignWord) : m_foreignWord;
 }
 
 QString TAVWord::wordByRemovingFacultatives(const TAVTextSet &facultatives, const QString &word)
 {
-    for (const QString &facultative : facultatives) {
-        const QStringView prefix = trimmedOfBlanks(facultative);
-        if (word.size() > prefix.size() && word.at(prefix.size()) == u' ' && word.startsWith(prefix))
-            return trimmedOfBlanks(QStringView(word).sliced(prefix.size() + 1)).toString();
-    }
-    return word;
+    return FacultativeWords(facultatives).removedFrom(word);
 }
 
 bool TAVWord::matchesSearchTerm(const std::optional<QString> &term) const

@@ -1,6 +1,5 @@
 #include "model/VocabularyFields.h"
 
-#include "model/CodingNumbers.h"
 #include "model/FieldSink.h"
 #include "model/FieldSource.h"
 #include "model/TAVStatistics.h"
@@ -23,7 +22,15 @@ QString defaultName()
 
 qint64 versionFrom(qint64 number)
 {
-    return std::max<qint64>(0, coding::plausibleCount(number));
+    return std::max<qint64>(0, number);
+}
+
+/** None if the value is no record. */
+std::shared_ptr<TAVStatistics> statisticsFrom(FieldSource &source)
+{
+    auto statistics = std::make_shared<TAVStatistics>();
+    source.record([&statistics](FieldSource &record) { statistics = TAVStatistics::initWithFields(record); });
+    return statistics;
 }
 
 TAVWordList wordsFrom(FieldSource &source)
@@ -93,9 +100,7 @@ VocabularyFields VocabularyFields::readFrom(FieldSource &source)
         else if (key == "yourLanguageName"_L1)
             languages.yourLanguageName = source.text();
         else if (key == "statistics"_L1)
-            source.record([&fields](FieldSource &record) {
-                fields.statistics = TAVStatistics::initWithFields(record);
-            });
+            fields.statistics = statisticsFrom(source);
         else
             readSetting(fields, key, source);
     }

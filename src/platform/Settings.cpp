@@ -1,5 +1,8 @@
 #include "platform/Settings.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QUrl>
 
@@ -78,14 +81,23 @@ class FileSettings : public Settings
 {
 public:
     explicit FileSettings(const QString &folder)
-        : m_store(folder + QLatin1String("/settings.ini"), QSettings::IniFormat)
     {
+        const QFileInfo file(settingsPath(folder));
+        // Reading from a pipe would wait for somebody at its other end for ever.
+        if (folder.isEmpty() || (file.exists() && !file.isFile()))
+            return;
+        makeFolder(folder);
+        m_store.emplace(file.filePath(), QSettings::IniFormat);
+        const bool isUsable = m_store->isWritable() && m_store->status() != QSettings::AccessError;
+        if (isUsable)
+            m_state =
+                m_store->status() == QSettings::FormatError ? SettingsState::Damaged : SettingsState::Sound;
     }
 
     QVariant value(const QString &key) const override
     {
         const std::lock_guard lock(m_mutex);
-        const QVariant stored = m_store.value(escaped(key));
+        const QVariant stored = m_store ? m_store->value(escaped(key)) : m_unstored.value(key);
         return stored.isValid() ? stored : m_defaults.value(key);
     }
     QVariant registeredDefault(const QString &key) const override
@@ -96,12 +108,17 @@ public:
     void setValue(const QString &key, const QVariant &value) override
     {
         const std::lock_guard lock(m_mutex);
-        m_store.setValue(escaped(key), value);
+        if (m_store)
+            m_store->setValue(escaped(key), value);
+        else
+            m_unstored.insert(key, value);
     }
     void remove(const QString &key) override
     {
         const std::lock_guard lock(m_mutex);
-        m_store.remove(escaped(key));
+        if (m_store)
+            m_store->remove(escaped(key));
+        m_unstored.remove(key);
     }
     void registerDefaults(const QVariantMap &defaults) override
     {
@@ -111,13 +128,24 @@ public:
     void synchronize() override
     {
         const std::lock_guard lock(m_mutex);
-        m_store.sync();
+        if (m_store)
+            m_store->sync();
     }
+    SettingsState state() const override { return m_state; }
 
 private:
+    static void makeFolder(const QString &folder)
+    {
+        if (!QFileInfo::exists(folder) && QDir().mkpath(folder))
+            QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
     mutable std::mutex m_mutex;
-    QSettings m_store;
+    /** Absent where no settings file can be. */
+    std::optional<QSettings> m_store;
+    QVariantMap m_unstored;
     QVariantMap m_defaults;
+    SettingsState m_state = SettingsState::Unusable;
 };
 
 } // namespace
@@ -132,6 +160,11 @@ template std::optional<bool> Settings::read(const QString &key) const;
 template std::optional<qint64> Settings::read(const QString &key) const;
 template std::optional<double> Settings::read(const QString &key) const;
 template std::optional<QString> Settings::read(const QString &key) const;
+
+QString settingsPath(const QString &folder)
+{
+    return folder + QLatin1String("/settings.ini");
+}
 
 std::unique_ptr<Settings> makeSystemSettings(const QString &folder)
 {

@@ -7,6 +7,11 @@
 #include <QPointer>
 #include <QTranslator>
 
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -29,6 +34,16 @@ void install(const QString &file, const QString &folder)
     installedTranslators().append(translator);
 }
 
+/** The first language of the environment, as the system's list of languages finds it. */
+QString environmentLocaleName()
+{
+    for (const char *variable : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (const QString value = qEnvironmentVariable(variable); !value.isEmpty())
+            return value.section(u':', 0, 0);
+    }
+    return {};
+}
+
 } // namespace
 
 QString localized(const char *table, const char *key, const char *comment, int n)
@@ -41,12 +56,34 @@ QString localized(const char *key)
     return localized("Default", key);
 }
 
+QString localeNameWithScript(const QString &name, const QString &environmentName)
+{
+    // All that the C library's locales know.
+    static constexpr std::pair<QLatin1StringView, QLatin1StringView> scripts[] = {
+        {"latin"_L1, "Latn"_L1},
+        {"iqtelif"_L1, "Latn"_L1},
+        {"cyrillic"_L1, "Cyrl"_L1},
+        {"devanagari"_L1, "Deva"_L1}};
+    const QString language = name.section(u'-', 0, 0);
+    const QString environmentLanguage =
+        environmentName.section(u'@', 0, 0).section(u'.', 0, 0).section(u'_', 0, 0);
+    constexpr qsizetype scriptLength = 4;
+    const bool hasScript = name.section(u'-', 1, 1).size() == scriptLength;
+    const QString modifier = environmentName.section(u'@', 1);
+    const auto *const known = std::find_if(std::begin(scripts), std::end(scripts), [&](const auto &script) {
+        return script.first.compare(modifier, Qt::CaseInsensitive) == 0;
+    });
+    if (environmentLanguage != language || hasScript || known == std::end(scripts))
+        return name;
+    return language + u'-' + known->second + name.sliced(language.size());
+}
+
 QString userLocaleName()
 {
     const QStringList languages = QLocale::system().uiLanguages();
     const QString name = languages.isEmpty() ? QString() : languages.constFirst();
     const bool hasLanguage = !name.isEmpty() && name != QLatin1String("C") && name != QLatin1String("POSIX");
-    return hasLanguage ? name : QStringLiteral("en");
+    return hasLanguage ? localeNameWithScript(name, environmentLocaleName()) : QStringLiteral("en");
 }
 
 void installTexts(const QString &localeName)

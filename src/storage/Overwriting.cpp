@@ -17,7 +17,7 @@ struct Known
 {
     files::Identity written;
     files::Identity loaded;
-    bool isReadable = true;
+    qsizetype jsonSize = 0;
     QDateTime rescued;
 };
 
@@ -69,15 +69,27 @@ void storage::noteLoaded(const QString &path)
     run().paths[path].loaded = files::identityOf(path);
 }
 
-void storage::noteWritten(const QString &path, bool isReadable)
+void storage::noteWritten(const QString &path, qsizetype jsonSize)
 {
     const QMutexLocker lock(&run().mutex);
     Known &known = run().paths[path];
     known.written = files::identityOf(path);
-    known.isReadable = isReadable;
+    known.jsonSize = jsonSize;
 }
 
-void storage::rescueBeforeSave(const QString &path, const TAVLexicon &vocabulary, bool isReadable)
+void storage::noteSize(const QString &path, qsizetype jsonSize)
+{
+    const QMutexLocker lock(&run().mutex);
+    run().paths[path].jsonSize = jsonSize;
+}
+
+qsizetype storage::knownSize(const QString &path)
+{
+    const QMutexLocker lock(&run().mutex);
+    return run().paths.value(path).jsonSize;
+}
+
+void storage::rescueBeforeSave(const QString &path, const TAVLexicon &vocabulary, qsizetype jsonSize)
 {
     const files::Identity present = files::identityOf(path);
     if (!present.isValid())
@@ -90,7 +102,7 @@ void storage::rescueBeforeSave(const QString &path, const TAVLexicon &vocabulary
     const bool isOurs = present == known.written;
     const bool isWhatWasLoaded =
         present == known.loaded && vocabulary.fileNameWhereLoadedFrom() == QFileInfo(path).fileName();
-    if (!isReadable && (!isOurs || known.isReadable)) {
+    if (jsonSize > maxReadableJson && (!isOurs || known.jsonSize <= maxReadableJson)) {
         rescue::keepFile(path);
         return;
     }

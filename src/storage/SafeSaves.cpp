@@ -16,6 +16,15 @@ files::Journal journal()
     return files::Journal(AppGround::ownFolderPath(QStringLiteral("Journal")));
 }
 
+/** Somebody may have deleted all folders while the program runs, and the words are in memory alone. */
+void makeFoldersAnew(const QString &vocabularyFolder)
+{
+    if (files::exists(vocabularyFolder))
+        return;
+    std::ignore = files::makeFolder(QFileInfo(vocabularyFolder).path());
+    std::ignore = files::makeFolder(vocabularyFolder);
+}
+
 } // namespace
 
 namespace storage {
@@ -27,7 +36,10 @@ bool isInVocabularyFolder(const QString &path)
 
 files::Result<> writeVocabularyFile(const QString &path, const QByteArray &bytes)
 {
-    return isInVocabularyFolder(path) ? journal().write(path, bytes) : files::writeInPlace(path, bytes);
+    if (!isInVocabularyFolder(path))
+        return files::writeInPlace(path, bytes);
+    makeFoldersAnew(QFileInfo(path).path());
+    return journal().write(path, bytes);
 }
 
 void finishTornWrites()

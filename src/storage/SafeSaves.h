@@ -13,8 +13,8 @@ namespace storage {
 bool isInVocabularyFolder(const QString &path);
 
 /**
- * Writes the file in place; one of the vocabulary folder through the journal. An export or any other file has
- * no record.
+ * Writes the file in place; one of the vocabulary folder through the journal, and into a new folder if that
+ * one was deleted meanwhile. An export or any other file has no record.
  */
 files::Result<> writeVocabularyFile(const QString &path, const QByteArray &bytes);
 

@@ -1,6 +1,7 @@
 #include "storage/TAVStorageManager.h"
 
 #include "app/ground/AppGround.h"
+#include "app/ground/Rescue.h"
 #include "files/Files.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
@@ -83,15 +84,14 @@ bool TAVStorageManager::saveVocabularyToTAVVFile(TAVLexiconRef vocabulary, const
         storage::showSaveFailure(*vocabulary, storage::Failure::Compression);
         return false;
     }
-    const bool isReadable = json.size() <= storage::maxReadableJson;
     if (storage::isInVocabularyFolder(path))
-        storage::rescueBeforeSave(path, *vocabulary, isReadable);
+        storage::rescueBeforeSave(path, *vocabulary, json.size());
     if (const files::Result<> written = storage::writeVocabularyFile(path, *compressed); !written) {
         logFailure("saveVoc", path, written.error());
         storage::showSaveFailure(*vocabulary, storage::Failure::Write, written.error());
         return false;
     }
-    storage::noteWritten(path, isReadable);
+    storage::noteWritten(path, json.size());
     storage::backUpIfDue(path);
     return true;
 }
@@ -142,6 +142,7 @@ TAVLexiconRef TAVStorageManager::vocabularyFromTAVVFile(const std::optional<QStr
         storage::showLoadFailure(*path, storage::Failure::Decompression);
         return nullptr;
     }
+    storage::noteSize(*path, json->size());
     return TAVLexicon::initWithJson(*json);
 }
 
@@ -171,8 +172,10 @@ TAVLexiconRef TAVStorageManager::vocabularyFromLXAFile(const std::optional<QStri
 void TAVStorageManager::tidyBackups()
 {
     // The folder is asked for here, as folders belong to the main thread.
-    platform::services().queues->globalAsync(
-        [folder = AppGround::backupFolderPath()] { storage::tidyBackupsIn(folder); });
+    platform::services().queues->globalAsync([folder = AppGround::backupFolderPath()] {
+        storage::tidyBackupsIn(folder);
+        rescue::tidy();
+    });
 }
 
 void TAVStorageManager::resetForTest()

@@ -33,7 +33,7 @@ public:
     static TAVLexiconRef vocabularyFromTAVVFile(const std::optional<QString> &path);
     static TAVLexiconRef vocabularyFromLXAFile(const std::optional<QString> &path);
 
-    /** Deletes old backups in the background; returns at once. */
+    /** Deletes old backups, then old rescued copies, in the background; returns at once. */
     static void tidyBackups();
 
     /** Forgets the last backup of the run. */

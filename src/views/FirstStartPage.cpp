@@ -70,6 +70,11 @@ QString FirstStartPage::languageName() const
     return m_ui->firstLanguageField->text();
 }
 
+Notices &FirstStartPage::notices()
+{
+    return *m_ui->notices;
+}
+
 void FirstStartPage::controlTextDidChange()
 {
     const bool isPossible = isPossibleLanguageName(languageName());

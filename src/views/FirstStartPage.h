@@ -4,6 +4,8 @@
 
 #include <memory>
 
+class Notices;
+
 namespace Ui {
 class FirstStart;
 }
@@ -21,6 +23,7 @@ public:
     ~FirstStartPage() override;
 
     QString languageName() const;
+    Notices &notices();
     /** The road of the shared folder at its beginning. */
     void prepare(bool isLinked);
     /** Back to its beginning, after nothing was found in the folder. */

@@ -3,10 +3,12 @@
 #include "document/VocabularyDocument.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
+#include "storage/Fullness.h"
 #include "storage/TAVStorageManager.h"
 #include "sync/DropBoxController.h"
 #include "sync/TAVSyncLog.h"
 #include "views/MemoryLevelButton.h"
+#include "views/Notices.h"
 #include "views/VocabularyView.h"
 #include "views/WordTable.h"
 #include "views/editor/TAVWordPopoverController.h"
@@ -120,7 +122,25 @@ void TAVLexiconController::showEverything()
     m_table->reload();
     updateStatusText();
     m_view->levelBar().showCounts(*shown);
+    tellFullness();
     chooseOverlay();
+}
+
+void TAVLexiconController::tell(const QString &name, const QString &text)
+{
+    m_view->notices().tell(name, text);
+}
+
+void TAVLexiconController::tellFullness()
+{
+    const storage::Fullness fullness = storage::fullnessOf(*vocabulary());
+    QString text;
+    if (fullness.isWorthTelling())
+        text = (fullness.isBeyond() ? localized("Vocabulary", "fileTooFull")
+                                    : localized("Vocabulary", "fileNearlyFull"))
+                   .arg(QLocale().toString(fullness.mebibytes(), 'f', 1),
+                        QLocale().toString(storage::Fullness::maxMebibytes()));
+    tell(QStringLiteral("fullnessLabel"), text);
 }
 
 WordListQuery TAVLexiconController::query() const
@@ -473,5 +493,6 @@ bool TAVLexiconController::acceptDrop(int row, const QString &text)
     if (!word || !vocabulary())
         return false;
     m_document.dropTag(vocabulary(), word, text);
+    tellFullness();
     return true;
 }

@@ -64,6 +64,9 @@ public:
     /** Adds an empty word and opens the editor for it. */
     void showAddWordPanel();
 
+    /** See Notices. */
+    void tell(const QString &name, const QString &text);
+
     // Page
     QWidget *page() override { return view(); }
     void enter(const TAVLexiconRef &) override { showVocabulary(); }
@@ -124,6 +127,8 @@ private:
     void showLevel();
     void leaveSynonyms();
     void updateStatusText();
+    /** How full the language's file is, once that matters. */
+    void tellFullness();
     void chooseOverlay();
     void tableViewSelectionDidChange();
     /** True if the table showed an outlived vocabulary, whose words must not be used. */

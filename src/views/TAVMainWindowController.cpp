@@ -15,6 +15,7 @@
 #include "views/MainMenu.h"
 #include "views/MainPages.h"
 #include "views/MainToolbar.h"
+#include "views/Notices.h"
 #include "views/TAVHelpController.h"
 #include "views/TAVLexiconController.h"
 #include "views/TAVUpdateController.h"
@@ -190,6 +191,12 @@ void TAVMainWindowController::updateViews()
     doSync();
     if (selectedTab() == MainTab::Quiz)
         showQuiz();
+}
+
+void TAVMainWindowController::tell(const QString &name, const QString &text)
+{
+    m_vocabularyController->tell(name, text);
+    m_firstStartPage->notices().tell(name, text);
 }
 
 // Languages

@@ -62,6 +62,8 @@ public:
     void applicationDidFinishLaunching();
     /** The user has re-activated the running program. */
     void updateViews();
+    /** Quiet lines of the whole program, on whichever page the start has led to; see Notices. */
+    void tell(const QString &name, const QString &text);
 
     QMainWindow *mainWindow() const override { return m_mainWindow.get(); }
     TAVLexiconController *vocabularyController() const { return m_vocabularyController.get(); }

@@ -93,6 +93,11 @@ void VocabularyView::connectControls()
     connect(m_ui->toggleStatusButton, &QToolButton::clicked, this, &VocabularyView::toggleStatusChosen);
 }
 
+Notices &VocabularyView::notices()
+{
+    return *m_ui->notices;
+}
+
 WordTableView *VocabularyView::table() const
 {
     return m_ui->vocabularyTable;

@@ -9,6 +9,7 @@
 #include <memory>
 
 class M3TokenCloud;
+class Notices;
 class WordTableView;
 
 namespace Ui {
@@ -27,6 +28,7 @@ public:
     LevelBar &levelBar() { return *m_levelBar; }
     StatusLine &statusLine() { return *m_statusLine; }
     HelpOverlays &overlays() { return *m_overlays; }
+    Notices &notices();
     WordTableView *table() const;
     M3TokenCloud *tagCloud() const;
     /** The higher of the present height and this one. */

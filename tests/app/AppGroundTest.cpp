@@ -12,6 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 void linkTavimoTexts();
 
 namespace {
@@ -108,7 +111,12 @@ TEST_F(AppGroundTest, listsVocabulariesAndDeletesConflictedCopies)
         if (c.isListed)
             expected.append(folder + u'/' + QString::fromUtf8(c.name));
     }
+    const QByteArray broken = QFile::encodeName(folder) + "/Z\xfcrich.tavv";
+    close(open(broken.constData(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
+    services.diagnosticLines.clear();
     QStringList paths = AppGround::loadAllAvailableLanguagePaths();
+    EXPECT_TRUE(services.diagnosticLines.contains(
+        QStringLiteral("AppGround > loadAllAvailableLanguages > no UTF-8: Z%FCrich.tavv")));
     for (const Case &c : cases)
         EXPECT_EQ(QFile::exists(folder + u'/' + QString::fromUtf8(c.name)), c.isKept) << c.name;
 
@@ -193,6 +201,7 @@ TEST_F(AppGroundTest, localeNameIsTheLanguageInItsOwnWords)
         {"en-US", "English (United States)", "English"},
         {"it", "italiano", "italiano"},
         {"ja-JP", "日本語 (日本)", "日本語"},
+        {"sr-Latn-RS", "srpski (latinica, Srbija)", "srpski"},
         {"zh-Hans-CN", "中文（简体，中国）", "中文"},
     };
     for (const auto &[name, displayName, language] : cases) {

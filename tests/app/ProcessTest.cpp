@@ -1,13 +1,17 @@
 #include "support/TestServices.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QLocalServer>
 #include <QLocalSocket>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTest>
 
 #include <array>
 #include <csignal>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -111,9 +115,11 @@ TEST_F(ProcessTest, OneFolderHasOneWriterWhateverTheSession)
     QTemporaryDir otherSession;
     const auto startElsewhere = [&] { return start({{u"XDG_RUNTIME_DIR"_qs, otherSession.path()}}); };
     auto second = startElsewhere();
+    second->setReadChannel(QProcess::StandardError);
     QByteArray output;
     while (!output.contains(services.directory.path().toUtf8()) && second->waitForReadyRead(patienceInMs))
         output += second->readAllStandardError();
+    EXPECT_TRUE(output.contains(services.directory.path().toUtf8()));
     EXPECT_EQ(second->state(), QProcess::Running) << "an alert says why, on the desktop too";
     second->terminate();
     EXPECT_EQ(exitCode(*second), 1);
@@ -164,6 +170,40 @@ TEST_F(ProcessTest, RunsOnWhenNobodyReadsItsLines)
     const QString socket = services.directory.filePath(u"tavimo.socket"_qs);
     ASSERT_TRUE(QTest::qWaitFor([&] { return QFileInfo::exists(socket); }, patienceInMs));
     EXPECT_EQ(exitCode(*start()), 0) << "it runs and answers";
+    process->terminate();
+    EXPECT_EQ(exitCode(*process), 0);
+}
+
+TEST_F(ProcessTest, AMessageBusThatHangsHoldsUpNoStart)
+{
+    if (QStandardPaths::findExecutable(u"Xvfb"_qs).isEmpty())
+        GTEST_SKIP() << "Xvfb is not installed; without it, nobody opens the bus at the start";
+    QProcess display;
+    display.start(u"Xvfb"_qs, {u"-displayfd"_qs, u"1"_qs, u"-nolisten"_qs, u"tcp"_qs});
+    ASSERT_TRUE(display.waitForReadyRead(patienceInMs));
+    const QString number = QString::fromLatin1(display.readLine().trimmed());
+    // The system takes the call, and nobody ever looks at it.
+    QLocalServer bus;
+    ASSERT_TRUE(bus.listen(services.directory.filePath(u"silent-bus"_qs)));
+    auto process = start({{u"QT_QPA_PLATFORM"_qs, u"xcb"_qs},
+                          {u"DISPLAY"_qs, u':' + number},
+                          {u"DBUS_SESSION_BUS_ADDRESS"_qs, u"unix:path="_qs + bus.fullServerName()}});
+    process->setReadChannel(QProcess::StandardError);
+    EXPECT_TRUE(hasStarted(*process));
+    process->terminate();
+    EXPECT_EQ(exitCode(*process), 0);
+    display.terminate();
+    display.waitForFinished(patienceInMs);
+}
+
+TEST_F(ProcessTest, APipeInThePlaceOfTheSettingsHoldsUpNoStart)
+{
+    const QByteArray folder = services.directory.path().toUtf8() + "/Tavimo";
+    ASSERT_TRUE(QDir().mkpath(QString::fromUtf8(folder)));
+    ASSERT_EQ(mkfifo((folder + "/settings.ini").constData(), 0600), 0);
+    auto process = start();
+    process->setReadChannel(QProcess::StandardError);
+    EXPECT_TRUE(hasStarted(*process));
     process->terminate();
     EXPECT_EQ(exitCode(*process), 0);
 }

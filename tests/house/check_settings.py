@@ -11,10 +11,10 @@ import re
 import sys
 
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
-# Registering defaults and writing out concern no single key.
+# Registering defaults, writing out and the file's state concern no single key.
 STORE = re.compile(r"\bQSettings\b|\bservices\(\)\s*\.\s*settings\b"
                    r"|\bplatform::Settings\s*[&*]"
-                   r"|\bsettings\(\)(?!\s*\.\s*(?:registerDefaults|synchronize)\()")
+                   r"|\bsettings\(\)(?!\s*\.\s*(?:registerDefaults|synchronize|state)\()")
 KEY = re.compile(r'"([^"]*)"_L1[,)]')
 
 

@@ -172,6 +172,8 @@ TEST(JsonTextTest, readsWhatQtReads)
         for (qsizetype length = json.lastIndexOf('}'); length > 0; --length)
             EXPECT_FALSE(traceOfText(json.first(length))) << length;
     }
+    EXPECT_EQ(traceOfText(R"({"r":1e400,"r2":-1e400,"r3":1e-400,"i":1e400})"),
+              QStringList({u"i=0"_s, u"r2=-inf"_s, u"r3=0"_s, u"r=inf"_s}));
     // Many records side by side are not deep.
     EXPECT_TRUE(traceOfText("{\"l\":[" + QByteArray("{\"s\":[]},").repeated(5000) + "{}],\"_\":[" +
                             QByteArray("{},[],").repeated(5000) + "{}]}"));

@@ -30,6 +30,8 @@ TEST_F(TAVWordTest, removesOneLeadingFacultativeWord)
     };
     for (const auto &[word, expected] : cases)
         EXPECT_EQ(TAVWord::wordByRemovingFacultatives(articles, word), expected) << qPrintable(word);
+    EXPECT_EQ(TAVWord::wordByRemovingFacultatives({u"the old"_s, u"the"_s}, u"the old man"_s), u"man"_s);
+    EXPECT_EQ(TAVWord::wordByRemovingFacultatives({u" "_s}, u" \tman"_s), u"man"_s);
 }
 
 TEST_F(TAVWordTest, searchIgnoresCaseButNotAccents)

@@ -1,25 +1,31 @@
 #include "platform/Settings.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <string>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
 class SettingsTest : public ::testing::Test
 {
 protected:
-    std::unique_ptr<platform::Settings> open() const
-    {
-        return platform::makeSystemSettings(m_directory.path() + QStringLiteral("/not/made/yet"));
-    }
+    std::unique_ptr<platform::Settings> open() const { return platform::makeSystemSettings(folder()); }
+    QString folder() const { return m_directory.path() + QStringLiteral("/not/made/yet"); }
+    QString file() const { return folder() + QStringLiteral("/settings.ini"); }
     void writeFile(const QByteArray &content) const
     {
         open()->setValue(QStringLiteral("makes"), QStringLiteral("the folder"));
-        QFile file(m_directory.path() + QStringLiteral("/not/made/yet/settings.ini"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        QFile opened(file());
+        ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
+        opened.write(content);
     }
 
 private:
@@ -88,6 +94,69 @@ TEST_F(SettingsTest, brokenFileReadsAsAbsentAndCanBeWrittenAgain)
     settings->setValue(QStringLiteral("new"), 3);
     settings.reset();
     EXPECT_EQ(open()->read<qint64>(QStringLiteral("new")), 3);
+}
+
+TEST_F(SettingsTest, whateverStandsInTheirPlaceTheProgramGoesOnAndCanTell)
+{
+    using platform::SettingsState;
+    struct Case
+    {
+        const char *name;
+        std::function<void()> prepare;
+        SettingsState expected;
+        bool isKept;
+    };
+    const auto makeFolder = [](const QString &path) { return QDir().mkpath(path); };
+    const Case cases[] = {
+        {"nothing", [] {}, SettingsState::Sound, true},
+        {"a file", [&] { writeFile("[General]\na=1\n"); }, SettingsState::Sound, true},
+        {"garbage", [&] { writeFile(QByteArray(1000, '\x01') + "\n[[\nno value\n"); }, SettingsState::Damaged,
+         true},
+        {"a pipe",
+         [&] {
+             makeFolder(folder());
+             ASSERT_EQ(mkfifo(QFile::encodeName(file()).constData(), 0600), 0);
+         },
+         SettingsState::Unusable, false},
+        {"a link to an endless device",
+         [&] {
+             makeFolder(folder());
+             QFile::link(QStringLiteral("/dev/zero"), file());
+         },
+         SettingsState::Unusable, false},
+        {"a folder in the place of the file", [&] { makeFolder(file()); }, SettingsState::Unusable, false},
+        {"a file in the place of the folder",
+         [&] {
+             makeFolder(QFileInfo(folder()).path());
+             QFile(folder()).open(QIODevice::WriteOnly);
+         },
+         SettingsState::Unusable, false},
+        {"a file of others",
+         [&] {
+             writeFile("[General]\na=1\n");
+             QFile::setPermissions(file(), {});
+         },
+         SettingsState::Unusable, false},
+    };
+    const bool isOverRights = geteuid() == 0;
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.name);
+        if (isOverRights && c.name == std::string("a file of others"))
+            continue;
+        QFile::remove(folder());
+        QDir(folder()).removeRecursively();
+        c.prepare();
+        auto settings = open();
+        EXPECT_EQ(settings->state(), c.expected);
+        settings->setValue(QStringLiteral("key"), 5);
+        settings->setValue(QStringLiteral("gone"), 6);
+        settings->remove(QStringLiteral("gone"));
+        settings->synchronize();
+        EXPECT_EQ(settings->read<qint64>(QStringLiteral("key")), 5);
+        EXPECT_FALSE(settings->contains(QStringLiteral("gone")));
+        settings.reset();
+        EXPECT_EQ(open()->contains(QStringLiteral("key")), c.isKept);
+    }
 }
 
 } // namespace

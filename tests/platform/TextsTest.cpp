@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 void linkTavimoTexts();
 
 namespace {
@@ -28,6 +30,24 @@ TEST(TextsTest, languageGoesBeforeEnglishAndEnglishBeforeTheKey)
             << c.locale;
         EXPECT_EQ(platform::localized("Default", "%1 unknown key"), QStringLiteral("%1 unknown key"));
     }
+}
+
+TEST(TextsTest, aModifierOfTheEnvironmentTellsTheScript)
+{
+    const std::tuple<const char *, const char *, const char *> cases[] = {
+        {"sr-RS", "sr_RS@latin", "sr-Latn-RS"},
+        {"sr-RS", "sr_RS.UTF-8@latin", "sr-Latn-RS"},
+        {"sr", "sr@Latin", "sr-Latn"},
+        {"uz-UZ", "uz_UZ@cyrillic", "uz-Cyrl-UZ"},
+        {"sr-Cyrl-RS", "sr_RS@latin", "sr-Cyrl-RS"},
+        {"de-DE", "de_DE@euro", "de-DE"},
+        {"sr-RS", "sr_RS.UTF-8", "sr-RS"},
+        {"de-DE", "sr_RS@latin", "de-DE"},
+        {"en", "", "en"},
+    };
+    for (const auto &[name, environment, expected] : cases)
+        EXPECT_EQ(platform::localeNameWithScript(QLatin1String(name), QLatin1String(environment)),
+                  QLatin1String(expected));
 }
 
 } // namespace

@@ -256,9 +256,11 @@ TEST_F(CrashTest, EveryStateOfTheDiskDuringASaveLeavesTheWordsBeforeOrAfter)
 TEST_F(CrashTest, WhatFindsNoPlaceInItsFileIsRescued)
 {
     const QString path = inVocabularies(u"Italian - English.tavv"_s);
-    const auto leaveRecord = [&] {
+    const auto leaveRecord = [&](const QByteArray &oldBytes = {}) {
         QFile::remove(path);
         ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords(10)));
+        if (!oldBytes.isEmpty())
+            writeBytes(path, oldBytes);
         Tree torn = content();
         DiskRecorder recorder;
         ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords(20)));
@@ -300,6 +302,13 @@ TEST_F(CrashTest, WhatFindsNoPlaceInItsFileIsRescued)
     writeBytes(path, bytesOf(path).first(100));
     EXPECT_EQ(wordsAfterAStart(), 20);
     EXPECT_EQ(rescuedWords(), -1);
+
+    // The old bytes were no vocabulary before, so that it isn't this write which damaged them.
+    leaveRecord("damaged before");
+    QDir(rescue::folderPath()).removeRecursively(); // of the damaged bytes themselves
+    EXPECT_EQ(wordsAfterAStart(), -2) << "the file is as the user left it";
+    EXPECT_EQ(bytesOf(path), "damaged before");
+    EXPECT_EQ(rescuedWords(), 20);
 
     leaveRecord();
     storage::forgetWrites(path);

@@ -3,6 +3,7 @@
 #include "app/ground/Rescue.h"
 #include "files/RecordingOperations.h"
 #include "storage/Backups.h"
+#include "storage/Fullness.h"
 #include "storage/LanguageName.h"
 #include "support/Words.h"
 #include "usage/logging/DDLog.h"
@@ -327,6 +328,97 @@ TEST_F(FilesTest, theNewestBackupThatOpensIsNamedAndNoneGoesWithoutACopy)
     EXPECT_EQ(storage::newestBackupThatOpens(u"English.tavv"_s), QString());
     storage::tidyBackupsIn(backupFolder);
     EXPECT_EQ(rescued().size(), 5) << "a language could not be loaded in this run";
+}
+
+TEST_F(FilesTest, rescuedCopiesGoWhenTheyAreOldOrTooMany)
+{
+    const auto put = [this](const char *name, int ageInDays, qint64 size) {
+        ASSERT_TRUE(QDir().mkpath(rescue::folderPath()));
+        const QString stamp = services.clock.now().addDays(-ageInDays).toString(u"yyyy-MM-dd-HH-mm-ss"_s);
+        QFile file(u"%1/%2-%3.tavv"_s.arg(rescue::folderPath(), QLatin1String(name), stamp));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(file.resize(size));
+    };
+    /** What is left after the tidying of a start, as the letter of the name and the age. */
+    const auto left = [this] {
+        TAVStorageManager::tidyBackups();
+        services.queues.drain();
+        QStringList copies;
+        for (const QString &name : QDir(rescue::folderPath()).entryList(QDir::Files)) {
+            const QDateTime made = QDateTime::fromString(name.mid(2, 10), u"yyyy-MM-dd"_s);
+            copies.append(name.first(1) + QString::number(made.date().daysTo(services.clock.now().date())));
+        }
+        QDir(rescue::folderPath()).removeRecursively();
+        copies.sort();
+        return copies.join(u' ');
+    };
+    put("A", 3, 1);
+    put("A", 89, 1);
+    put("A", 91, 1);
+    put("B", 400, 1);
+    put("B", 401, 1);
+    EXPECT_EQ(left(), u"A3 A89 B400"_s) << "the newest of a name stays";
+
+    constexpr qint64 mebibyte = 1 << 20;
+    put("A", 3, 100 * mebibyte);
+    put("A", 5, 100 * mebibyte);
+    put("A", 6, 56 * mebibyte + 1);
+    put("B", 50, 1);
+    EXPECT_EQ(left(), u"A3 A5 B50"_s)
+        << "the folder is too large: the oldest go, those that aren't the last of a name first";
+    put("A", 3, 150 * mebibyte);
+    put("A", 4, 1);
+    put("B", 50, 150 * mebibyte);
+    EXPECT_EQ(left(), u"A3"_s);
+}
+
+TEST_F(FilesTest, aSaveMakesTheFoldersAnewThatWereDeletedMeanwhile)
+{
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(makeNamed(u"A"_s)));
+    const QString folder = AppGround::vocabularyFolderPath();
+    for (const QString &deleted : {folder, QFileInfo(folder).path()}) {
+        ASSERT_TRUE(QDir(deleted).removeRecursively());
+        EXPECT_TRUE(TAVStorageManager::saveVocabulary(makeNamed(u"A"_s))) << deleted.toStdString();
+        EXPECT_TRUE(TAVStorageManager::vocabularyFromFile(folder + u"/A - English.tavv"_s));
+    }
+    EXPECT_TRUE(services.alerts.shown.isEmpty());
+}
+
+TEST_F(FilesTest, howFullAFileIsIsKnownFromItsLastLoadOrSave)
+{
+    struct Case
+    {
+        qsizetype jsonSize;
+        bool isWorthTelling;
+        bool isBeyond;
+        double mebibytes;
+    };
+    const Case cases[] = {{3670015, false, false, 3.4},
+                          {3670016, true, false, 3.5},
+                          {4194303, true, false, 3.9},
+                          {4194304, true, false, 4.0},
+                          {4194305, true, true, 4.1}};
+    const TAVLexiconRef vocabulary = makeNamed(u"A"_s);
+    const TAVWordRef word = makeWord({u"a"_s, u"b"_s, 0, {}, u"c"_s});
+    vocabulary->addWord(word);
+    const qsizetype rest = vocabulary->jsonRepresentation().size() - 1;
+    EXPECT_FALSE(storage::fullnessOf(*vocabulary).isWorthTelling()) << "nothing is known of it";
+    for (const Case &c : cases) {
+        const auto expectFullness = [&](const char *when) {
+            const storage::Fullness fullness = storage::fullnessOf(*vocabulary);
+            EXPECT_EQ(fullness.isWorthTelling(), c.isWorthTelling) << when << c.jsonSize;
+            EXPECT_EQ(fullness.isBeyond(), c.isBeyond) << when << c.jsonSize;
+            EXPECT_EQ(fullness.mebibytes(), c.mebibytes) << when << c.jsonSize;
+        };
+        word->setComment(QString(c.jsonSize - rest, u'c'));
+        ASSERT_TRUE(TAVStorageManager::saveVocabulary(vocabulary));
+        expectFullness("saved ");
+        TAVStorageManager::resetForTest();
+        const QString path = TAVStorageManager::savePathForVocabulary(*vocabulary);
+        EXPECT_EQ(TAVStorageManager::vocabularyFromFile(path) == nullptr, c.isBeyond);
+        if (!c.isBeyond)
+            expectFullness("loaded ");
+    }
 }
 
 TEST_F(FilesTest, aSaveDestroysNoWordThatNobodyHasSeen)

@@ -286,9 +286,8 @@ TEST_F(LxaTest, damagedArchivesGiveTheAlert)
         {"container within itself", rawList({"\xa1" + QByteArray(1, '\0')})},
         {"count beyond the file", rawList({"\xaf\x13\x7f\xff\xff\xff\xff\xff\xff\xff"})},
         {"text beyond the file", rawList({"\x6f\x13\x7f\xff\xff\xff\xff\xff\xff\xff"})},
-        {"null within a text", QByteArray(whole).replace("long text", QByteArrayView("long\0text", 9))},
-        {"null within a wide text",
-         lexicon(R"("language":"日本")").replace(QByteArrayView("\x65\xe5", 2), QByteArrayView("\0\0", 2))},
+        {"text with a null that is a part of another object",
+         rawList({"\xa2\x01\x02" + QByteArray("\x57") + "\xa1\x03" + QByteArray("abcd\0", 5), "\x09"})},
         {"number as a key", rawList({QByteArray("\xd1\x01\x01"), "\x10\x05"})},
         {"deep nesting", rawList(doubling)},
         {"references that double at each step", rawList(nested)},
@@ -304,6 +303,20 @@ TEST_F(LxaTest, damagedArchivesGiveTheAlert)
         const TAVLexiconRef read = load(changed);
         EXPECT_EQ(read == nullptr, services.alerts.shown.size() == 1) << i;
     }
+}
+
+TEST_F(LxaTest, aNullIsACharacterOfItsText)
+{
+    const QByteArray narrow = lexicon(R"("language":"long text")");
+    const QByteArray wide = lexicon(R"("language":"日本")");
+    const TAVLexiconRef vocabulary =
+        load(QByteArray(narrow).replace("long text", QByteArrayView("long\0text", 9)));
+    ASSERT_TRUE(vocabulary);
+    EXPECT_EQ(vocabulary->language(), u"long"_s + QChar::Null + u"text"_s);
+    const TAVLexiconRef other =
+        load(QByteArray(wide).replace(QByteArrayView("\x65\xe5", 2), QByteArrayView("\0\0", 2)));
+    ASSERT_TRUE(other);
+    EXPECT_EQ(other->language(), QChar::Null + u"本"_s);
 }
 
 TEST_F(LxaTest, aMissingFileIsAbsentWithoutAlert)

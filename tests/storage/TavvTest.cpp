@@ -1,11 +1,15 @@
 #include "StorageTest.h"
 
+#include <QElapsedTimer>
+
+#include <limits>
 #include <thread>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 largest = std::numeric_limits<qint64>::max();
 constexpr auto realFolder = TAVIMO_SOURCE_DIR "/../shared/data/";
 
 QJsonObject savedMap(const TAVLexiconRef &vocabulary)
@@ -116,11 +120,16 @@ TEST_F(TavvTest, writesEveryTopLevelKeyAndNoDefaultOfAWord)
     ASSERT_TRUE(TAVStorageManager::saveVocabularyToLXAFile(vocabulary, archive));
     EXPECT_EQ(TAVStorageManager::vocabularyFromFile(archive)->dictionaryRepresentation(), map);
 
-    // An archive can't hold a null; the rest of the text must not go with it. A mark at its start stays.
-    full->setComment(u"\uFEFFa"_s + QChar::Null + u"b"_s);
-    ASSERT_TRUE(TAVStorageManager::saveVocabularyToLXAFile(vocabulary, archive));
-    EXPECT_EQ(TAVStorageManager::vocabularyFromFile(archive)->allWords().first()->comment(),
-              u"\uFEFFa\uFFFDb"_s);
+    const std::pair<QString, QString> comments[] = {
+        {u"\uFEFFa"_s + QChar::Null + u"b"_s, u"\uFEFFa"_s + QChar::Null + u"b"_s},
+        {u"ascii"_s + QChar::Null, u"ascii"_s + QChar::Null},
+        {u"\uFFFF"_s, u"\uFFFF"_s},
+        {u"half "_s + QChar(0xd83d) + u"x"_s, u"half \uFFFDx"_s}};
+    for (const auto &[comment, read] : comments) {
+        full->setComment(comment);
+        ASSERT_TRUE(TAVStorageManager::saveVocabularyToLXAFile(vocabulary, archive));
+        EXPECT_EQ(TAVStorageManager::vocabularyFromFile(archive)->allWords().first()->comment(), read);
+    }
 }
 
 TEST_F(TavvTest, theDocumentedFileIsWrittenAsItIsRead)
@@ -237,15 +246,17 @@ TEST_F(TavvTest, readsWhatItCanOfTheWrongShape)
         "unknownWords": 17, "shortTermWords": {"words": [1, 2, "x", null, []]}, "midTermWords": {"words": {}},
         "nativeWords": {"words": [{"yw": 5, "fw": "good", "la": "yesterday", "t": "x", "cid": 1e300, "mid": -1e300,
             "wc": -4, "daa": "yes", "l": {}},
-            {"fw": "late", "la": 1e300, "t": [1, "kept", null], "cid": 9223372036854775807, "wc": 1.9}]},
+            {"fw": "late", "la": 1e400, "t": [1, "kept", null], "cid": 9223372036854775807, "wc": 1.9}]},
         "language": 4, "foreignLanguageName": ["x"], "yourLanguageName": null, "yourFacultativeWords": {"a": 1},
         "statistics": {"dailySnapshots": [4, {"day": 1e300, "noU": 1e300, "noUST": 9223372036854775807,
             "noST": 9223372036854775807}]},
         "isDirty": 1, "isAutoSelectInputSource": "yes", "version": 9223372036854775807})");
     ASSERT_TRUE(vocabulary);
     EXPECT_TRUE(services.alerts.shown.isEmpty());
-    ASSERT_EQ(vocabulary->countAllWords(), 2);
-    const TAVWordRef good = vocabulary->allWords().at(0);
+    ASSERT_EQ(vocabulary->wordsOfLevel(2).size(), 5) << "a place in the list is a word";
+    EXPECT_EQ(vocabulary->wordsOfLevel(2).first()->foreignWord(), QString());
+    ASSERT_EQ(vocabulary->wordsOfLevel(5).size(), 2);
+    const TAVWordRef good = vocabulary->wordsOfLevel(5).first();
     EXPECT_EQ(good->yourWord(), QString());
     EXPECT_EQ(good->foreignWord(), u"good"_s);
     EXPECT_FALSE(good->lastAsked().isValid());
@@ -253,7 +264,7 @@ TEST_F(TavvTest, readsWhatItCanOfTheWrongShape)
     EXPECT_GT(good->creationID(), 0);
     EXPECT_EQ(good->modificationID(), 0);
     EXPECT_EQ(good->fallenDownCounter(), 0u);
-    const TAVWordRef late = vocabulary->allWords().at(1);
+    const TAVWordRef late = vocabulary->wordsOfLevel(5).last();
     EXPECT_FALSE(late->lastAsked().isValid());
     EXPECT_EQ(late->tags(), TAVTextSet({u"kept"_s}));
     EXPECT_EQ(late->creationID(), 9223372036854775807);
@@ -262,10 +273,67 @@ TEST_F(TavvTest, readsWhatItCanOfTheWrongShape)
     EXPECT_TRUE(vocabulary->needsSync());
     EXPECT_FALSE(vocabulary->isAutoSelectInputSource());
     // What counts on from these numbers must not overflow.
-    ASSERT_EQ(vocabulary->statistics()->numberOfDaysRecorded(), 1);
+    ASSERT_EQ(vocabulary->statistics()->numberOfDaysRecorded(), 2);
     EXPECT_EQ(vocabulary->statistics()->lastSnapshot()->day().toSecsSinceEpoch(), 0);
-    EXPECT_EQ(vocabulary->statistics()->wordsLearnedTotal(), 0);
-    EXPECT_EQ(vocabulary->version(), 0);
+    EXPECT_EQ(vocabulary->statistics()->lastSnapshot()->numberOfWordsInLevel(2), largest);
+    EXPECT_EQ(vocabulary->statistics()->wordsLearnedTotal(), largest);
+    EXPECT_EQ(vocabulary->statistics()->wordsLearnedToday(), 0);
+    EXPECT_EQ(vocabulary->version(), largest);
+}
+
+TEST_F(TavvTest, largeNumbersComeBackInBothForms)
+{
+    for (const qint64 number : {(qint64(1) << 56) - 1, qint64(1) << 56, largest}) {
+        SCOPED_TRACE(number);
+        const TAVLexiconRef vocabulary = makeNamed(u"Italian"_s);
+        vocabulary->setVersion(number);
+        vocabulary->statistics()->lastSnapshot()->setNumberOfWordsInLevel(2, number);
+        const QString archive = inVocabularies(u"x.lxa"_s);
+        ASSERT_TRUE(TAVStorageManager::saveVocabularyToLXAFile(vocabulary, archive));
+        for (const TAVLexiconRef &read : {TAVStorageManager::vocabularyFromFile(archive),
+                                          TAVLexicon::initWithJson(vocabulary->jsonRepresentation()),
+                                          TAVLexicon::initWithDictionary(savedMap(vocabulary))}) {
+            EXPECT_EQ(read->version(), number);
+            EXPECT_EQ(read->statistics()->lastSnapshot()->numberOfWordsInLevel(2), number);
+        }
+    }
+}
+
+TEST_F(TavvTest, theLastOfAKeyThatStandsTwiceCounts)
+{
+    const QByteArray day = R"("statistics":{"dailySnapshots":[{"day":1794960000,"noU":3}]})";
+    const std::pair<QByteArray, qint64> cases[] = {
+        {"{" + day + R"(,"statistics":{"dailySnapshots":[{},{}]}})", 2},
+        {"{" + day + R"(,"statistics":{}})", 0},
+        {"{" + day + R"(,"statistics":null})", 0},
+        {R"({"statistics":5,)" + day + "}", 1},
+    };
+    for (const auto &[json, days] : cases)
+        EXPECT_EQ(loadJson(json)->statistics()->numberOfDaysRecorded(), days) << json.toStdString();
+}
+
+TEST_F(TavvTest, thousandsOfFacultativeWordsAndTagsTakeNoTime)
+{
+    QByteArray json = R"({"yourFacultativeWords":["x")";
+    constexpr int number = 20000;
+    for (int i = 0; i < number; ++i)
+        json += ",\"f" + QByteArray::number(i) + '"';
+    json += R"(],"unknownWords":{"words":[{"yw":"f1 tagged","t":["x")";
+    for (int i = 0; i < number; ++i)
+        json += ",\"t" + QByteArray::number(i) + '"';
+    json += "]}";
+    for (int i = 0; i < number; ++i)
+        json += ",{\"yw\":\"word " + QByteArray::number(i) + "\"}";
+    QElapsedTimer timer;
+    timer.start();
+    const TAVLexiconRef vocabulary = loadJson(json + "]}}");
+    ASSERT_TRUE(vocabulary);
+    vocabulary->buildSynonyms();
+    EXPECT_EQ(vocabulary->allTags().size(), number + 1);
+    EXPECT_EQ(vocabulary->countAllWords(), number + 1);
+    EXPECT_EQ(vocabulary->yourFacultativeWords().size(), number + 1);
+    EXPECT_EQ(vocabulary->allWords().first()->yourWordWithoutFacultatives(), u"tagged"_s);
+    EXPECT_LT(timer.elapsed(), 10000) << "walking through all of them for each word takes minutes";
 }
 
 TEST_F(TavvTest, whatDoesNotParseIsAFreshVocabularyAndStaysOnDisk)

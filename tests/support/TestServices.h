@@ -73,9 +73,11 @@ public:
     void registerDefaults(const QVariantMap &defaults) override;
     QVariant registeredDefault(const QString &key) const override;
     void synchronize() override { ++synchronizeCount; }
+    platform::SettingsState state() const override { return present; }
 
     const QHash<QString, QVariant> &stored() const { return m_values; }
     int synchronizeCount = 0;
+    platform::SettingsState present = platform::SettingsState::Sound;
     /** What was written, in order, as "key". */
     QStringList writtenKeys;
 

@@ -20,6 +20,38 @@ QStringList list(const char *blankSeparated)
     return QString::fromUtf8(blankSeparated).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
+TEST_F(ViewsTest, AQuietLineTellsHowFullTheFileIs)
+{
+    const auto grow = [](const TAVLexiconRef &vocabulary, int mebibytes) {
+        vocabulary->allWords().first()->setComment(QString(mebibytes * (1 << 20) - 2000, QLatin1Char('x')));
+    };
+    startWith(makeItalian());
+    const auto *notices = control<QWidget>("notices");
+    EXPECT_FALSE(notices->isVisible());
+    grow(vocabulary(), 4);
+    recorder.take();
+    dropOnRow(1, QStringLiteral("fresh"));
+    EXPECT_EQ(recorder.take(), QStringLiteral("mark* save sync")) << "the list isn't drawn for it";
+    const auto *line = control<QLabel>("fullnessLabel");
+    EXPECT_TRUE(line->isVisible());
+    EXPECT_TRUE(line->text().startsWith(QStringLiteral("The file of this language holds 3.9 of 4 MiB.")));
+    EXPECT_EQ(line->accessibleName(), line->text());
+
+    // It is read whole, and pushes nothing out of the smallest window.
+    hub->mainWindow()->resize(640, 480);
+    processEvents();
+    EXPECT_GE(line->height(), line->heightForWidth(line->width()));
+    EXPECT_TRUE(control<QLabel>("statusTextField")->visibleRegion().boundingRect().isValid());
+    EXPECT_EQ(hub->mainWindow()->size(), QSize(640, 480));
+
+    grow(vocabulary(), 5);
+    words()->selectMemoryView(nullptr);
+    EXPECT_TRUE(line->text().contains(QStringLiteral("holds 5.0 MiB: beyond 4 MiB")));
+    words()->setVocabulary(makeLanguage("Latin"));
+    EXPECT_FALSE(notices->isVisible());
+    EXPECT_FALSE(line->isVisible());
+}
+
 TEST_F(ViewsTest, TheModelKeepsItsPromisesThroughEveryChange)
 {
     startWith(makeItalian());

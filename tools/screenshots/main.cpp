@@ -18,6 +18,20 @@ void linkTavimoTexts();
 
 namespace {
 
+/** The quiet lines, with the texts that the program gives them. */
+void shootNotices(Stage &stage, const QString &name)
+{
+    const QString folder = QStringLiteral("/home/ada/.local/share/Tavimo");
+    stage.hub().tell(QStringLiteral("folderNotLockedLabel"),
+                     platform::localized("folderNotLocked").arg(folder));
+    stage.vocabularyView().tell(
+        QStringLiteral("fullnessLabel"),
+        platform::localized("Vocabulary", "fileNearlyFull").arg(QStringLiteral("3.6"), QStringLiteral("4")));
+    stage.shoot(name);
+    stage.hub().tell(QStringLiteral("folderNotLockedLabel"), {});
+    stage.vocabularyView().tell(QStringLiteral("fullnessLabel"), {});
+}
+
 void shootVocabularyView(Stage &stage)
 {
     auto *table = stage.control<QTableView>("vocabularyTable");
@@ -28,6 +42,7 @@ void shootVocabularyView(Stage &stage)
         stage.pass(1);
     };
     stage.shoot(QStringLiteral("vocabulary"));
+    shootNotices(stage, QStringLiteral("vocabulary-notices"));
     auto *cloud = stage.control<M3TokenCloud>("tagCloud");
     cloud->setSelectedTokenNames({stage.vocabulary()->allTags().values().first()});
     stage.vocabularyView().updateEntireView();
@@ -187,6 +202,7 @@ void shootAll(const QString &folder, const QString &vocabularyFile, const QSize 
         Stage stage(folder, vocabularyFile, size, isDark);
         stage.open(false);
         stage.shoot(QStringLiteral("first-start"));
+        shootNotices(stage, QStringLiteral("first-start-notices"));
         stage.hub().createFirstLanguageWithName(QStringLiteral("Italian"));
         stage.pass(1);
         stage.shoot(QStringLiteral("vocabulary-no-words"));

@@ -97,5 +97,21 @@
         <source>quit</source>
         <translation>Beenden</translation>
     </message>
+    <message>
+        <source>folderUnreadable</source>
+        <translation>Der Ordner %1 lässt sich nicht lesen (%2). Sprachen, die darin liegen, sind nicht verloren, können aber nicht gezeigt werden. Mach den Ordner lesbar und starte Tavimo neu.</translation>
+    </message>
+    <message>
+        <source>folderNotLocked</source>
+        <translation>Der Ordner %1 lässt sich nicht sperren. Achte darauf, dass kein zweites Tavimo darin arbeitet: Sonst gilt, was zuletzt gespeichert wurde.</translation>
+    </message>
+    <message>
+        <source>settingsUnusable</source>
+        <translation>Die Einstellungsdatei %1 lässt sich nicht verwenden. Was du einstellst, gilt bis zum Beenden.</translation>
+    </message>
+    <message>
+        <source>settingsDamaged</source>
+        <translation>Die Einstellungsdatei %1 ist beschädigt. Was sich nicht lesen ließ, steht wieder auf der Voreinstellung.</translation>
+    </message>
 </context>
 </TS>

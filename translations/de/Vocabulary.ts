@@ -281,5 +281,13 @@
         <source>wordTable</source>
         <translation>Wörter</translation>
     </message>
+    <message>
+        <source>fileNearlyFull</source>
+        <translation>Die Datei dieser Sprache ist %1 von %2 MiB groß. Darüber wird sie noch gespeichert, lässt sich aber nicht mehr öffnen. Teile sie rechtzeitig: Exportiere einen Teil der Wörter und lösche sie dann hier.</translation>
+    </message>
+    <message>
+        <source>fileTooFull</source>
+        <translation>Die Datei dieser Sprache ist %1 MiB groß: Über %2 MiB wird sie gespeichert, lässt sich aber nicht mehr öffnen. Exportiere vor dem Beenden einen Teil der Wörter und lösche sie hier, bis es wieder weniger ist.</translation>
+    </message>
 </context>
 </TS>

@@ -97,5 +97,21 @@
         <source>quit</source>
         <translation>Quit</translation>
     </message>
+    <message>
+        <source>folderUnreadable</source>
+        <translation>The folder %1 can't be read (%2). Languages that lie in it are not lost, but they can't be shown. Make the folder readable, then start Tavimo again.</translation>
+    </message>
+    <message>
+        <source>folderNotLocked</source>
+        <translation>The folder %1 can't be locked. Take care that no second Tavimo works in it: the last to save would win.</translation>
+    </message>
+    <message>
+        <source>settingsUnusable</source>
+        <translation>The settings file %1 can't be used. What you set is kept until you quit.</translation>
+    </message>
+    <message>
+        <source>settingsDamaged</source>
+        <translation>The settings file %1 is damaged. What could not be read of it is back to its default.</translation>
+    </message>
 </context>
 </TS>

@@ -281,5 +281,13 @@
         <source>wordTable</source>
         <translation>Words</translation>
     </message>
+    <message>
+        <source>fileNearlyFull</source>
+        <translation>The file of this language holds %1 of %2 MiB. Beyond that it is still saved, but can't be opened any more. Split it in time: export part of the words, then delete them here.</translation>
+    </message>
+    <message>
+        <source>fileTooFull</source>
+        <translation>The file of this language holds %1 MiB: beyond %2 MiB it is saved, but can't be opened any more. Before you quit, export part of the words and delete them here until it holds less.</translation>
+    </message>
 </context>
 </TS>

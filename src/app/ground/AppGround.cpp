@@ -2,12 +2,14 @@
 
 #include "app/ground/Rescue.h"
 #include "app/ground/TAVFile.h"
+#include "files/FileOperations.h"
 #include "files/Files.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
 #include "platform/Texts.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 #include <mutex>
 
@@ -61,6 +63,18 @@ bool isVocabularyFileName(const QString &name)
     const QString extension = QStringLiteral(".tavv");
     const qsizetype position = name.indexOf(extension, 0, Qt::CaseInsensitive);
     return position >= 0 && position == name.size() - extension.size();
+}
+
+/** Such a name leads to no file here; without a word in the log, nobody could tell why a language is gone. */
+void logBrokenNames(const QString &folder)
+{
+    QByteArrayList names;
+    files::operations().list(QFile::encodeName(folder), &names);
+    for (const QByteArray &name : std::as_const(names)) {
+        if (!QByteArrayView(name).isValidUtf8())
+            platform::diagnosticLog(QStringLiteral("AppGround > loadAllAvailableLanguages > no UTF-8: %1")
+                                        .arg(QString::fromLatin1(name.toPercentEncoding(" ()"))));
+    }
 }
 
 QString phrase(const char *key, qint64 number)
@@ -129,6 +143,7 @@ QList<std::shared_ptr<TAVFile>> AppGround::loadAllAvailableLanguages()
     const files::Result<QList<files::Entry>> entries = files::list(folder);
     if (!entries)
         return languages;
+    logBrokenNames(folder);
     for (const files::Entry &entry : *entries) {
         if (!isVocabularyFileName(entry.name))
             continue;

@@ -2,23 +2,21 @@
 
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
+#include "platform/desktop/SessionBus.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusVariant>
 #include <QFile>
-#include <QLocalSocket>
 #include <QSysInfo>
-
-#include <unistd.h>
 
 namespace platform {
 
 namespace {
 
 /** A daemon that lives answers within a few milliseconds. */
-constexpr int maxWaitInMs = 300;
+constexpr std::chrono::milliseconds maxWait{300};
 /** How long a daemon that didn't answer is left alone. */
 constexpr int silenceInSeconds = 30;
 
@@ -38,40 +36,6 @@ QString displayPartOfFileName()
     const QString number = display.section(u':', 1).section(u'.', 0, 0);
     return (host.isEmpty() ? QStringLiteral("unix") : host) + u'-' +
            (number.isEmpty() ? QStringLiteral("0") : number);
-}
-
-QString valueOfField(const QString &address, const QString &field)
-{
-    // Only the first of several addresses is used; each is "unix:field=value,field=value".
-    const QString fields = address.section(u';', 0, 0).section(u':', 1);
-    for (const QString &pair : fields.split(u',')) {
-        if (pair.startsWith(field + u'='))
-            return QString::fromUtf8(QByteArray::fromPercentEncoding(pair.mid(field.size() + 1).toUtf8()));
-    }
-    return {};
-}
-
-/**
- * Whether someone answers at the address. Opening a bus waits for half a minute when its daemon hangs, and
- * blocks all other buses of the program meanwhile, so the greeting is tried by hand first.
- */
-bool answersInTime(const QString &address)
-{
-    if (!address.startsWith(QLatin1String("unix:")))
-        return false;
-    QLocalSocket socket;
-    QString path = valueOfField(address, QStringLiteral("path"));
-    if (path.isEmpty()) {
-        path = valueOfField(address, QStringLiteral("abstract"));
-        socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
-    }
-    if (path.isEmpty())
-        return false;
-    socket.connectToServer(path);
-    if (!socket.waitForConnected(maxWaitInMs))
-        return false;
-    socket.write(QByteArray(1, '\0') + "AUTH EXTERNAL " + QByteArray::number(getuid()).toHex() + "\r\n");
-    return socket.waitForReadyRead(maxWaitInMs) && socket.readAll().startsWith("OK");
 }
 
 QVariant unwrapped(const QVariant &value)
@@ -197,7 +161,7 @@ bool IBusDaemon::connectToDaemon()
         return false;
     leaveAlone();
     const QString address = ibusAddress();
-    if (address.isEmpty() || !answersInTime(address))
+    if (greetBus(address, maxWait) != BusState::Answers)
         return false;
     const QDBusConnection connected = QDBusConnection::connectToBus(address, m_connectionName);
     const std::lock_guard lock(m_mutex);
@@ -214,7 +178,7 @@ std::optional<QVariant> IBusDaemon::call(const QDBusMessage &message)
     const auto connected = bus();
     if (!connected)
         return std::nullopt;
-    const QDBusMessage reply = connected->call(message, QDBus::Block, maxWaitInMs);
+    const QDBusMessage reply = connected->call(message, QDBus::Block, int(maxWait.count()));
     if (reply.type() == QDBusMessage::ReplyMessage)
         return reply.arguments().value(0);
     const auto error = QDBusError(reply).type();

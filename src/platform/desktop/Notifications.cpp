@@ -7,6 +7,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QPointer>
 
 namespace platform {
 
@@ -26,20 +27,33 @@ Notifications::Notifications() = default;
 
 void Notifications::show(const QString &title, const QString &text, std::function<void()> chosen)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
-        return;
-    if (!m_isListening) {
-        m_isListening = true;
-        bus.connect(service, path, service, QStringLiteral("ActionInvoked"), this,
-                    SLOT(actionInvoked(quint32, QString)));
-        bus.connect(service, path, service, QStringLiteral("ActivationToken"), this,
-                    SLOT(activationToken(quint32, QString)));
-        bus.connect(service, path, service, QStringLiteral("NotificationClosed"), this,
-                    SLOT(notificationClosed(quint32, quint32)));
-    }
     m_chosen = std::move(chosen);
     const quint32 request = ++m_request;
+    // Opening the bus waits for its daemon, which may hang.
+    Queues *queues = services().queues;
+    queues->globalAsync([queues, self = QPointer<Notifications>(this), request, title, text] {
+        if (!QDBusConnection::sessionBus().isConnected())
+            return;
+        queues->mainAsync(nullptr, [self, request, title, text] {
+            if (self && request == self->m_request)
+                self->ask(request, title, text);
+        });
+    });
+}
+
+void Notifications::ask(quint32 request, const QString &title, const QString &text)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!m_isListening) {
+        m_isListening = true;
+        // Without the sender's name, as finding out who owns it would wait for the daemon.
+        bus.connect({}, path, service, QStringLiteral("ActionInvoked"), this,
+                    SLOT(actionInvoked(quint32, QString)));
+        bus.connect({}, path, service, QStringLiteral("ActivationToken"), this,
+                    SLOT(activationToken(quint32, QString)));
+        bus.connect({}, path, service, QStringLiteral("NotificationClosed"), this,
+                    SLOT(notificationClosed(quint32, quint32)));
+    }
     // Some services read the text as markup; a word with "<" or "&" must come out as it was typed.
     auto *watcher =
         new QDBusPendingCallWatcher(bus.asyncCall(serviceCall(QStringLiteral("GetCapabilities"))), this);

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void notificationClosed(quint32 id, quint32 reason);
 
 private:
+    /** What the service can show decides the form of the text. */
+    void ask(quint32 request, const QString &title, const QString &text);
     void send(const QString &title, const QString &text);
 
     /** The service's number of the notification that stands; 0 for none. */

@@ -2,6 +2,7 @@
 
 #include "platform/DiagnosticLog.h"
 #include "platform/Services.h"
+#include "platform/StartCall.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -18,9 +19,7 @@ namespace platform {
 
 namespace {
 
-const QByteArray callWord = QByteArrayLiteral("reopen ");
 const QByteArray answerWord = QByteArrayLiteral("ok\n");
-constexpr qint64 maxCallBytes = 4096;
 /** Between two tries while the first process is just starting or ending. */
 constexpr int pauseInMs = 50;
 
@@ -84,7 +83,7 @@ bool SingleInstance::callFirst(int patienceInMs)
     QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
     if (token.isEmpty())
         token = qgetenv("DESKTOP_STARTUP_ID");
-    socket.write(callWord + token.left(maxCallBytes / 2).replace('\n', ' ') + '\n');
+    socket.write(startCall::lineFor(token));
     return socket.waitForReadyRead(patienceInMs) && socket.readAll().startsWith(answerWord);
 }
 
@@ -111,17 +110,15 @@ void SingleInstance::acceptCall()
 void SingleInstance::readCall(QLocalSocket *socket)
 {
     if (!socket->canReadLine()) {
-        if (socket->bytesAvailable() >= maxCallBytes)
+        if (socket->bytesAvailable() >= startCall::maxBytes)
             socket->abort();
         return;
     }
-    const QByteArray line = socket->readLine(maxCallBytes).trimmed();
-    if ((line + ' ').startsWith(callWord)) {
+    if (const auto token = startCall::tokenOf(socket->readLine(startCall::maxBytes))) {
         // Answered at once, whatever this program is showing: the caller waits for it.
         socket->write(answerWord);
         socket->flush();
-        services().queues->mainAsync(
-            this, [this, token = line.mid(callWord.size())] { Q_EMIT startedAgain(token); });
+        services().queues->mainAsync(this, [this, token = *token] { Q_EMIT startedAgain(token); });
     }
     socket->disconnectFromServer();
 }

@@ -28,14 +28,6 @@ constexpr ClassNames setClasses = {"NSSet"_L1, "NSMutableSet"_L1};
 constexpr ClassNames textClasses = {"NSString"_L1, "NSMutableString"_L1};
 constexpr QLatin1StringView dateClass = "NSDate"_L1;
 
-QString textOfNode(plist_t node)
-{
-    char *text = nullptr;
-    plist_get_string_val(node, &text);
-    const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
-    return files::textFromUtf8(text);
-}
-
 QString utf8OfNode(plist_t node)
 {
     char *bytes = nullptr;
@@ -65,10 +57,14 @@ class ArchiveTable
 public:
     explicit ArchiveTable(QByteArrayView bytes)
     {
-        if (bytes.size() > ArchiveDecoder::maxBytes || !isHarmlessBinaryList(bytes))
+        if (bytes.size() > ArchiveDecoder::maxBytes)
             return;
+        const std::optional<HarmlessList> list = harmlessBinaryList(bytes);
+        if (!list)
+            return;
+        m_hasNulls = list->hasNulls;
         plist_t root = nullptr;
-        plist_from_bin(bytes.data(), uint32_t(bytes.size()), &root);
+        plist_from_bin(list->bytes.constData(), uint32_t(list->bytes.size()), &root);
         m_root.reset(root);
         const plist_t objects = itemOf(root, "$objects", PLIST_ARRAY);
         if (!objects)
@@ -176,6 +172,16 @@ private:
         return item && plist_get_node_type(item) == type ? item : nullptr;
     }
 
+    QString textOfNode(plist_t node) const
+    {
+        char *text = nullptr;
+        plist_get_string_val(node, &text);
+        const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
+        if (!m_hasNulls)
+            return files::textFromUtf8(text);
+        return files::textFromUtf8(QByteArray(text).replace('\xff', '\0')).replace(u'\xffff', QChar::Null);
+    }
+
     QString textOfObject(plist_t object)
     {
         if (const plist_t plain = itemOf(object, "NS.string", PLIST_STRING))
@@ -210,6 +216,7 @@ private:
 
     PlistNode m_root;
     std::vector<plist_t> m_objects;
+    bool m_hasNulls = false;
     qint64 m_stepsLeft = maxSteps;
     bool m_isReadable = true;
 };

@@ -1,169 +1,177 @@
 #include "storage/archive/ArchiveEncoder.h"
 
+#include "storage/archive/BinaryListWriter.h"
 #include "storage/archive/PlistNode.h"
 
 #include <QHash>
 
-#include <cstdlib>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
-/** Numbers the objects of an archive as they come. */
+using Number = BinaryListWriter::Number;
+
+/** The keys of an object and what stands under them. */
+struct ArchiveFields
+{
+    void add(Number key, Number value)
+    {
+        keys.push_back(key);
+        values.push_back(value);
+    }
+
+    std::vector<Number> keys;
+    std::vector<Number> values;
+};
+
+/** Numbers the objects of an archive as they come: an object before those that it refers to. */
 class ArchiveWriter
 {
 public:
-    ArchiveWriter()
-        : m_objects(plist_new_array())
-    {
-        append(plist_new_string("$null"));
-    }
+    ArchiveWriter() { place(list.text(u"$null")); }
 
-    static plist_t absent() { return plist_new_uid(0); }
+    Number key(QLatin1StringView key)
+    {
+        const auto known = m_keys.constFind(key);
+        return known != m_keys.constEnd() ? *known : *m_keys.insert(key, list.text(QString(key)));
+    }
+    Number absent() { return list.reference(0); }
 
     /** A reference to the text; equal texts share one object. */
-    plist_t text(const QString &value)
+    Number text(const QString &value)
     {
-        const auto known = m_texts.constFind(value);
-        if (known != m_texts.constEnd())
-            return plist_new_uid(*known);
-        // The container's texts end at a null.
-        const QByteArray bytes = QString(value).replace(QChar::Null, QChar::ReplacementCharacter).toUtf8();
-        const uint64_t number = append(plist_new_string(bytes.constData()));
-        m_texts.insert(value, number);
-        return plist_new_uid(number);
+        quint32 &number = m_texts[value];
+        // Number 0 is taken.
+        if (number == 0)
+            number = place(list.text(value));
+        return list.reference(number);
     }
 
     /** A reference to a new object, whose fields the call adds. */
-    template <typename Write> plist_t object(QLatin1StringView className, Write write)
+    template <typename Write> Number object(QLatin1StringView className, Write write)
     {
-        const plist_t fields = plist_new_dict();
-        const uint64_t number = append(fields);
+        const quint32 number = place(0);
+        ArchiveFields fields;
         write(fields);
-        plist_dict_set_item(fields, archive::classKey, plist_new_uid(classNumber(className)));
-        return plist_new_uid(number);
+        fields.add(key(QLatin1StringView(archive::classKey)), list.reference(classNumber(className)));
+        m_objects[number] = list.map(fields.keys, fields.values);
+        return list.reference(number);
     }
 
     /** The whole archive, in the container's bytes. */
-    QByteArray bytesWithRoot(plist_t root)
+    QByteArray bytesWithRoot(Number root)
     {
-        const plist_t top = plist_new_dict();
-        plist_dict_set_item(top, "root", root);
-        const PlistNode archive(plist_new_dict());
-        plist_dict_set_item(archive.get(), "$version", plist_new_uint(100000));
-        plist_dict_set_item(archive.get(), "$archiver", plist_new_string("NSKeyedArchiver"));
-        plist_dict_set_item(archive.get(), "$top", top);
-        plist_dict_set_item(archive.get(), "$objects", m_objects.release());
-        char *bytes = nullptr;
-        uint32_t length = 0;
-        plist_to_bin(archive.get(), &bytes, &length);
-        const QByteArray copy(bytes, qsizetype(length));
-        plist_to_bin_free(bytes);
-        return copy;
+        ArchiveFields archive;
+        archive.add(key("$version"_L1), list.integer(100000));
+        archive.add(key("$archiver"_L1), list.text(u"NSKeyedArchiver"));
+        archive.add(key("$top"_L1), list.map({key("root"_L1)}, {root}));
+        archive.add(key("$objects"_L1), list.list(m_objects));
+        return list.bytesWithTop(list.map(archive.keys, archive.values));
     }
+
+    BinaryListWriter list;
 
 private:
-    uint64_t append(plist_t object)
+    /** The number of the object in the archive. */
+    quint32 place(Number object)
     {
-        plist_array_append_item(m_objects.get(), object);
-        return m_count++;
+        m_objects.push_back(object);
+        return quint32(m_objects.size() - 1);
     }
 
-    uint64_t classNumber(QLatin1StringView className)
+    quint32 classNumber(QLatin1StringView className)
     {
         const auto known = m_classes.constFind(className);
         if (known != m_classes.constEnd())
             return *known;
-        const plist_t ancestors = plist_new_array();
-        plist_array_append_item(ancestors, plist_new_string(className.data()));
-        if (constexpr QLatin1StringView prefix = "NSMutable"_L1; className.startsWith(prefix)) {
-            const QByteArray base = "NS" + QByteArray(className.sliced(prefix.size()).data());
-            plist_array_append_item(ancestors, plist_new_string(base.constData()));
-        }
-        plist_array_append_item(ancestors, plist_new_string("NSObject"));
-        const plist_t description = plist_new_dict();
-        plist_dict_set_item(description, "$classname", plist_new_string(className.data()));
-        plist_dict_set_item(description, "$classes", ancestors);
-        const uint64_t number = append(description);
+        std::vector<Number> ancestors = {list.text(QString(className))};
+        if (constexpr QLatin1StringView prefix = "NSMutable"_L1; className.startsWith(prefix))
+            ancestors.push_back(list.text("NS"_L1 + className.sliced(prefix.size())));
+        ancestors.push_back(list.text(u"NSObject"));
+        const quint32 number = place(list.map({key("$classname"_L1), key("$classes"_L1)},
+                                              {list.text(QString(className)), list.list(ancestors)}));
         m_classes.insert(className, number);
         return number;
     }
 
-    PlistNode m_objects;
-    uint64_t m_count = 0;
-    QHash<QString, uint64_t> m_texts;
-    QHash<QLatin1StringView, uint64_t> m_classes;
+    std::vector<Number> m_objects;
+    QHash<QLatin1StringView, Number> m_keys;
+    QHash<QString, quint32> m_texts;
+    QHash<QLatin1StringView, quint32> m_classes;
 };
 
 QByteArray ArchiveEncoder::archive(QLatin1StringView rootClass, const Write &write)
 {
     ArchiveWriter writer;
-    const plist_t root = writer.object(rootClass, [&](plist_t fields) {
+    const Number root = writer.object(rootClass, [&](ArchiveFields &fields) {
         ArchiveEncoder encoder(writer, fields);
         write(encoder);
     });
     return writer.bytesWithRoot(root);
 }
 
+void ArchiveEncoder::add(QLatin1StringView key, quint32 value)
+{
+    m_fields.add(m_writer.key(key), value);
+}
+
 void ArchiveEncoder::text(QLatin1StringView key, const std::optional<QString> &value)
 {
-    plist_dict_set_item(m_fields, key.data(), value ? m_writer.text(*value) : ArchiveWriter::absent());
+    add(key, value ? m_writer.text(*value) : m_writer.absent());
 }
 
 void ArchiveEncoder::textSet(QLatin1StringView key, const QStringList &values)
 {
-    const plist_t set = m_writer.object("NSMutableSet"_L1, [&](plist_t fields) {
-        const plist_t members = plist_new_array();
+    add(key, m_writer.object("NSMutableSet"_L1, [&](ArchiveFields &fields) {
+        std::vector<Number> members;
         for (const QString &value : values)
-            plist_array_append_item(members, m_writer.text(value));
-        plist_dict_set_item(fields, "NS.objects", members);
-    });
-    plist_dict_set_item(m_fields, key.data(), set);
+            members.push_back(m_writer.text(value));
+        fields.add(m_writer.key("NS.objects"_L1), m_writer.list.list(members));
+    }));
 }
 
 void ArchiveEncoder::integer(QLatin1StringView key, qint64 value)
 {
-    plist_dict_set_item(m_fields, key.data(), plist_new_uint(uint64_t(value)));
+    add(key, m_writer.list.integer(value));
 }
 
 void ArchiveEncoder::flag(QLatin1StringView key, bool value)
 {
-    plist_dict_set_item(m_fields, key.data(), plist_new_bool(value));
+    add(key, m_writer.list.flag(value));
 }
 
 void ArchiveEncoder::date(QLatin1StringView key, const QDateTime &value)
 {
     if (!value.isValid()) {
-        plist_dict_set_item(m_fields, key.data(), ArchiveWriter::absent());
+        add(key, m_writer.absent());
         return;
     }
     const double seconds = double(value.toMSecsSinceEpoch()) / 1000 - archive::secondsTo2001;
-    const plist_t date = m_writer.object("NSDate"_L1, [seconds](plist_t fields) {
-        plist_dict_set_item(fields, "NS.time", plist_new_real(seconds));
-    });
-    plist_dict_set_item(m_fields, key.data(), date);
+    add(key, m_writer.object("NSDate"_L1, [&](ArchiveFields &fields) {
+        fields.add(m_writer.key("NS.time"_L1), m_writer.list.real(seconds));
+    }));
 }
 
 void ArchiveEncoder::object(QLatin1StringView key, QLatin1StringView className, const Write &write)
 {
-    const plist_t object = m_writer.object(className, [&](plist_t fields) {
+    add(key, m_writer.object(className, [&](ArchiveFields &fields) {
         ArchiveEncoder encoder(m_writer, fields);
         write(encoder);
-    });
-    plist_dict_set_item(m_fields, key.data(), object);
+    }));
 }
 
 void ArchiveEncoder::objects(QLatin1StringView key, QLatin1StringView className, qsizetype count,
                              const NumberedWrite &write)
 {
-    const plist_t list = m_writer.object("NSMutableArray"_L1, [&](plist_t fields) {
-        const plist_t members = plist_new_array();
+    add(key, m_writer.object("NSMutableArray"_L1, [&](ArchiveFields &fields) {
+        std::vector<Number> members;
+        members.reserve(size_t(count));
         for (qsizetype i = 0; i < count; ++i) {
-            plist_array_append_item(members, m_writer.object(className, [&](plist_t memberFields) {
+            members.push_back(m_writer.object(className, [&](ArchiveFields &memberFields) {
                 ArchiveEncoder encoder(m_writer, memberFields);
                 write(encoder, i);
             }));
         }
-        plist_dict_set_item(fields, "NS.objects", members);
-    });
-    plist_dict_set_item(m_fields, key.data(), list);
+        fields.add(m_writer.key("NS.objects"_L1), m_writer.list.list(members));
+    }));
 }

@@ -9,6 +9,7 @@
 #include <optional>
 
 class ArchiveWriter;
+struct ArchiveFields;
 
 /** One object of a keyed archive that is being written. Keys stand in the order of the calls. */
 class ArchiveEncoder
@@ -17,7 +18,7 @@ public:
     using Write = std::function<void(ArchiveEncoder &)>;
     using NumberedWrite = std::function<void(ArchiveEncoder &, qsizetype)>;
 
-    /** The whole archive of one root object of that class; empty if it cannot be made. */
+    /** The whole archive of one root object of that class. */
     static QByteArray archive(QLatin1StringView rootClass, const Write &write);
 
     void text(QLatin1StringView key, const std::optional<QString> &value);
@@ -32,13 +33,15 @@ public:
 
 private:
     friend class ArchiveWriter;
-    /** The fields are a node of the archive's container. */
-    ArchiveEncoder(ArchiveWriter &writer, void *fields)
+    ArchiveEncoder(ArchiveWriter &writer, ArchiveFields &fields)
         : m_writer(writer)
         , m_fields(fields)
     {
     }
 
+    /** The value is an object of the container. */
+    void add(QLatin1StringView key, quint32 value);
+
     ArchiveWriter &m_writer;
-    void *m_fields;
+    ArchiveFields &m_fields;
 };

@@ -13,18 +13,21 @@ constexpr quint64 maxBytes = quint64(1) << 30;
 class Check
 {
 public:
-    explicit Check(QByteArrayView bytes)
-        : m_bytes(bytes)
+    explicit Check(const QByteArray &bytes)
+        : m_list{bytes, false}
     {
     }
+
+    const HarmlessList &list() const { return m_list; }
 
     bool run()
     {
         constexpr QByteArrayView header = "bplist00";
         constexpr quint64 trailerSize = 32;
-        if (!m_bytes.startsWith(header) || quint64(m_bytes.size()) < quint64(header.size()) + trailerSize)
+        const QByteArrayView bytes = m_list.bytes;
+        if (!bytes.startsWith(header) || quint64(bytes.size()) < quint64(header.size()) + trailerSize)
             return false;
-        const quint64 trailer = quint64(m_bytes.size()) - trailerSize;
+        const quint64 trailer = quint64(bytes.size()) - trailerSize;
         m_offsetSize = number(trailer + 6, 1);
         m_referenceSize = number(trailer + 7, 1);
         const quint64 count = number(trailer + 8, 8);
@@ -58,7 +61,7 @@ private:
     {
         quint64 value = 0;
         for (quint64 i = 0; i < size; ++i)
-            value = value << 8 | quint8(m_bytes[qsizetype(position + i)]);
+            value = value << 8 | quint8(m_list.bytes.at(qsizetype(position + i)));
         return value;
     }
 
@@ -98,14 +101,16 @@ private:
         return type == 0x5 || type == 0x6;
     }
 
-    /** Whether the text has a null in it, at which the library ends the process when asked for the text. */
-    bool holdsNull(const Body &text, quint64 size) const
+    /** The library ends the process when it is asked for a text with a null in it. */
+    void replaceNulls(const Body &text, quint64 size)
     {
         for (quint64 i = 0; i < text.count; ++i) {
-            if (number(text.start + i * size, size) == 0)
-                return true;
+            const quint64 position = text.start + i * size;
+            if (number(position, size) != 0)
+                continue;
+            m_list.bytes.replace(qsizetype(position), qsizetype(size), QByteArray(qsizetype(size), '\xff'));
+            m_list.hasNulls = true;
         }
-        return false;
     }
 
     bool visit(quint64 index, int depth)
@@ -124,8 +129,10 @@ private:
         case 0x6: {
             const std::optional<Body> body = bodyAt(*position);
             const quint64 size = type == 0x6 ? 2 : 1;
-            if (!body || !fits(body->start, body->count, size) || (type != 0x4 && holdsNull(*body, size)))
+            if (!body || !fits(body->start, body->count, size))
                 return false;
+            if (type != 0x4)
+                replaceNulls(*body, size);
             m_objects[index].bytes = bytesPerNode + 2 * size * body->count;
             return true;
         }
@@ -165,7 +172,7 @@ private:
         return true;
     }
 
-    QByteArrayView m_bytes;
+    HarmlessList m_list;
     quint64 m_offsetSize = 0;
     quint64 m_referenceSize = 0;
     quint64 m_offsetTable = 0;
@@ -174,7 +181,14 @@ private:
 
 } // namespace
 
-bool isHarmlessBinaryList(QByteArrayView bytes)
+std::optional<HarmlessList> harmlessBinaryList(QByteArrayView bytes)
 {
-    return Check(bytes).run();
+    Check check(QByteArray::fromRawData(bytes.data(), bytes.size()));
+    if (!check.run())
+        return std::nullopt;
+    if (!check.list().hasNulls)
+        return check.list();
+    // In a damaged list, the bytes of a text may belong to something else too.
+    Check again(check.list().bytes);
+    return again.run() && !again.list().hasNulls ? std::optional(check.list()) : std::nullopt;
 }

@@ -2,6 +2,7 @@
 #include "PrivateBus.h"
 #include "support/GuiTest.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <mutex>
@@ -41,15 +42,29 @@ TEST_F(NotificationsTest, EscapesMarkupReplacesTheLastAndCallsBackOnce)
     // The session bus is opened once in a process; no other test of this program uses it.
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
 
+    ASSERT_TRUE(QDBusConnection::sessionBus().isConnected());
+    bus.setHanging(true);
+    QElapsedTimer timer;
+    timer.start();
+    {
+        platform::Notifications unanswered;
+        unanswered.show(u"Quiz"_qs, u"nobody hears it"_qs, [] {});
+        services.queues.drain();
+    }
+    EXPECT_LT(timer.elapsed(), 3000) << "a daemon that hangs holds up nobody";
+    bus.setHanging(false);
+
     platform::Notifications notifications;
     QStringList chosen;
     notifications.show(u"Quiz"_qs, u"a <b> & c"_qs, [&] { chosen.append(u"first"_qs); });
+    services.queues.drain();
     ASSERT_TRUE(QTest::qWaitFor([&] { return count() == 1; }));
     EXPECT_EQ(shown.first().value(1).toUInt(), 0u);
     EXPECT_EQ(shown.first().value(4).toString(), u"a &lt;b&gt; &amp; c"_qs);
 
     processEvents();
     notifications.show(u"Quiz"_qs, u"next"_qs, [&] { chosen.append(u"second"_qs); });
+    services.queues.drain();
     ASSERT_TRUE(QTest::qWaitFor([&] { return count() == 2; }));
     EXPECT_EQ(shown.last().value(1).toUInt(), 7u);
 

@@ -1,5 +1,7 @@
 #include "PrivateBus.h"
 
+#include <csignal>
+
 namespace {
 
 class AnsweringObject : public QDBusVirtualObject
@@ -56,4 +58,9 @@ void PrivateBus::serve(const QStringList &names, const QString &path, const Answ
 void PrivateBus::emitSignal(const QDBusMessage &signal)
 {
     m_connection->send(signal);
+}
+
+void PrivateBus::setHanging(bool isHanging)
+{
+    kill(pid_t(m_daemon.processId()), isHanging ? SIGSTOP : SIGCONT);
 }

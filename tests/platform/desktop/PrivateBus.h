@@ -22,6 +22,8 @@ public:
     /** Answers all calls to the path and below. */
     void serve(const QStringList &names, const QString &path, const Answer &answer);
     void emitSignal(const QDBusMessage &signal);
+    /** Meanwhile its daemon says nothing. */
+    void setHanging(bool isHanging);
 
 private:
     QProcess m_daemon;
