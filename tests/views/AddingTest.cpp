@@ -4,6 +4,8 @@
 #include "widgets/M3TokenCloud.h"
 
 #include <QClipboard>
+#include <QKeyEvent>
+#include <QtTest/qtestspontaneevent.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -158,6 +160,25 @@ TEST_F(AddingTest, WhatIsTypedTooEarlyGoesIntoTheWordInOrder)
         italian + QStringList{u"bread-pane"_s, u"one-uno"_s, u"two-due"_s, u"three-tre"_s, u"four-quattro"_s};
     expected.sort();
     EXPECT_EQ(saved(), expected);
+}
+
+TEST_F(AddingTest, AReturnThatIsHeldDownEntersNothingForTheNextWord)
+{
+    services.desktop.repeatsArePresses = true;
+    startWith(makeItalian());
+    table()->setFocus();
+    words()->showAddWordPanel();
+    for (quint64 time = 6500; time < 7500; time += 100) {
+        for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+            QKeyEvent repeat(type, Qt::Key_Return, Qt::NoModifier);
+            repeat.setTimestamp(time);
+            QSpontaneKeyEvent::setSpontaneous(&repeat);
+            qApp->notify(QApplication::focusWidget(), &repeat);
+        }
+        passTime(100ms);
+    }
+    EXPECT_TRUE(services.alerts.shown.isEmpty());
+    EXPECT_TRUE(editor()->isInAddingMode());
 }
 
 TEST_F(AddingTest, NothingIsKeptForAPanelThatDoesNotCome)

@@ -1,4 +1,4 @@
-#include "quiz/forms/KeyReleases.h"
+#include "widgets/KeyReleases.h"
 
 #include "platform/Services.h"
 
@@ -23,7 +23,7 @@ bool KeyReleases::eventFilter(QObject *watched, QEvent *event)
         const auto *release = static_cast<QKeyEvent *>(event);
         m_key = release->key();
         m_time = release->timestamp();
-    } else if (event->type() == QEvent::KeyPress) {
+    } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
         const auto *press = static_cast<QKeyEvent *>(event);
         const bool isRepeat = press->key() == m_key && press->timestamp() == m_time;
         m_repeatTime = isRepeat ? m_time : 0;
