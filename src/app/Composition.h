@@ -30,6 +30,7 @@ public:
     explicit Composition(SharedObjects shared = {});
 
     AppDelegate &delegate() { return *m_delegate; }
+    VocabularyDocument &document() { return m_document; }
     /** Makes the main window, once the start has come so far. */
     Program &makeProgram();
 

@@ -5,8 +5,6 @@
 #include "storage/TAVStorageManager.h"
 #include "sync/DropBoxController.h"
 
-#include <QSet>
-
 namespace {
 
 /** False if the write failed. */
@@ -37,7 +35,18 @@ bool take(ChangeStep step, const TAVLexiconRef &vocabulary)
     return true;
 }
 
+bool isWithoutText(const TAVWord &word)
+{
+    return word.yourWord().isEmpty() && word.foreignWord().isEmpty();
+}
+
 } // namespace
+
+void VocabularyDocument::setVocabulary(const TAVLexiconRef &vocabulary)
+{
+    m_vocabulary = vocabulary;
+    m_history.follow(vocabulary ? TAVStorageManager::displayNameForVocabulary(*vocabulary) : QString());
+}
 
 TAVLexiconRef VocabularyDocument::presentVersionOf(const TAVLexiconRef &given) const
 {
@@ -72,18 +81,56 @@ TAVWordRef VocabularyDocument::beginAddition(TAVLexicon &vocabulary)
     return word;
 }
 
+EditOutcome VocabularyDocument::editWord(Change change, TAVLexiconRef vocabulary, const TAVWordRef &word,
+                                         const WordEdits::Content &typed)
+{
+    // A word of the panel may have gone, as by a deletion whose save failed.
+    if (word->weakVocForSort() == vocabulary && !vocabulary->allWords().contains(word))
+        vocabulary->restoreWords({word});
+    const EditRecorder recorder(*vocabulary, {word});
+    if (WordEdits::holdsSeveral(typed))
+        WordEdits::applyPairs(*vocabulary, word, typed);
+    else
+        WordEdits::applyToWord(*word, typed);
+    UndoStep step = recorder.step(UndoStep::Kind::Edit);
+    if (change == Change::WordsEdited)
+        step.number = remember(*vocabulary, step);
+    return {commit(change, std::move(vocabulary)), std::move(step)};
+}
+
+EditOutcome VocabularyDocument::editWords(TAVLexiconRef vocabulary, const TAVWordList &words,
+                                          const WordEdits::Content &typed,
+                                          const WordEdits::VariousTexts &various)
+{
+    const EditRecorder recorder(*vocabulary, words);
+    WordEdits::applyToMany(words, typed, various);
+    UndoStep step = recorder.step(UndoStep::Kind::Edit);
+    step.number = remember(*vocabulary, step);
+    return {commit(Change::WordsEdited, std::move(vocabulary)), std::move(step)};
+}
+
 ChangeOutcome VocabularyDocument::deleteWords(TAVLexiconRef vocabulary, const TAVWordList &words)
 {
+    const EditRecorder recorder(*vocabulary, words);
     vocabulary->removeWords(words);
+    remember(*vocabulary, recorder.step(UndoStep::Kind::Deletion));
     ChangeOutcome outcome = commit(Change::WordsDeleted, std::move(vocabulary));
     outcome.removedWords = words;
     return outcome;
 }
 
-ChangeOutcome VocabularyDocument::cancelAddition(TAVLexiconRef vocabulary, const TAVWordList &words)
+ChangeOutcome VocabularyDocument::cancelAddition(TAVLexiconRef vocabulary, const TAVWordList &words,
+                                                 const TAVWordRef &placeholder)
 {
-    if (vocabulary)
+    if (vocabulary) {
+        const EditRecorder recorder(*vocabulary, words);
         vocabulary->removeWords(words);
+        UndoStep step = recorder.step(UndoStep::Kind::CancelledAddition);
+        step.removed.removeIf([](const TAVWordRef &word) { return isWithoutText(*word); });
+        if (!step.removed.isEmpty() && placeholder)
+            step.added.append(WordIdentity::of(*placeholder));
+        remember(*vocabulary, step);
+    }
     ChangeOutcome outcome = commit(Change::AdditionCancelled, std::move(vocabulary));
     outcome.removedWords = words;
     return outcome;
@@ -92,8 +139,10 @@ ChangeOutcome VocabularyDocument::cancelAddition(TAVLexiconRef vocabulary, const
 ChangeOutcome VocabularyDocument::dropTag(TAVLexiconRef vocabulary, const TAVWordRef &word,
                                           const QString &tag)
 {
+    const EditRecorder recorder(*vocabulary, {word});
     word->addTag(tag);
     word->setModificationID(platform::secondsSince1970(platform::clock()));
+    remember(*vocabulary, recorder.step(UndoStep::Kind::TagDrop));
     return commit(Change::TagDropped, std::move(vocabulary));
 }
 
@@ -102,17 +151,70 @@ ChangeOutcome VocabularyDocument::removeDuplicates(TAVLexiconRef vocabulary)
     ChangeOutcome outcome = commit(Change::DuplicatesRemoved, vocabulary);
     if (!outcome.isSaved)
         return outcome;
-    TAVWordList removed = vocabulary->allWords();
+    const TAVWordList before = vocabulary->allWords();
+    const EditRecorder recorder(*vocabulary, before);
     vocabulary->deleteDuplicates();
-    const QSet<TAVWordRef> left(vocabulary->allWords().begin(), vocabulary->allWords().end());
-    removed.removeIf([&left](const TAVWordRef &word) { return left.contains(word); });
+    const UndoStep step = recorder.step(UndoStep::Kind::Duplicates);
+    remember(*vocabulary, step);
     outcome = proceed(Change::DuplicatesRemoved, 1, std::move(vocabulary));
-    outcome.removedWords = removed;
+    outcome.removedWords = step.removed;
     return outcome;
 }
 
-ChangeOutcome VocabularyDocument::restoreWords(TAVLexiconRef vocabulary, const TAVWordList &words)
+// Taking back
+
+bool VocabularyDocument::isOfHistory(const TAVLexicon &vocabulary) const
 {
-    vocabulary->restoreWords(words);
-    return commit(Change::Undone, std::move(vocabulary));
+    return TAVStorageManager::displayNameForVocabulary(vocabulary) == m_history.language();
+}
+
+quint64 VocabularyDocument::remember(const TAVLexicon &vocabulary, const UndoStep &step)
+{
+    return isOfHistory(vocabulary) ? m_history.remember(step) : 0;
+}
+
+void VocabularyDocument::rememberUnsaved(const TAVLexicon &vocabulary, const TAVWordList &words,
+                                         const WordEdits::Content &typed,
+                                         const WordEdits::VariousTexts &various)
+{
+    UndoStep step{UndoStep::Kind::UnsavedTexts};
+    for (const TAVWordRef &word : words) {
+        WordEdits::Content content = typed;
+        if (words.size() > 1) {
+            const TAVWordRef scratch = word->copy();
+            WordEdits::applyToMany({scratch}, typed, various);
+            content = WordEdits::contentOf(*scratch);
+        }
+        step.changed.append({WordIdentity::of(*word), content});
+    }
+    remember(vocabulary, step);
+}
+
+void VocabularyDocument::rememberUnsavedAddition(const TAVLexicon &vocabulary,
+                                                 const WordEdits::Content &typed)
+{
+    UndoStep step{UndoStep::Kind::UnsavedTexts};
+    step.removed = WordEdits::newWordsFrom(typed);
+    remember(vocabulary, step);
+}
+
+void VocabularyDocument::withdraw(TAVLexicon &vocabulary, const UndoStep &step)
+{
+    step.takeBack(vocabulary);
+    m_history.forget(step.number);
+}
+
+std::optional<ChangeOutcome> VocabularyDocument::undo()
+{
+    if (m_history.isEmpty() || !m_vocabulary)
+        return std::nullopt;
+    const UndoStep step = m_history.takeLast();
+    // What was never saved can be undone again once it is.
+    const bool isEdit = step.kind == UndoStep::Kind::UnsavedTexts;
+    const EditRecorder recorder(*m_vocabulary, isEdit ? m_vocabulary->allWords() : TAVWordList());
+    if (!step.takeBack(*m_vocabulary))
+        return std::nullopt;
+    if (isEdit)
+        remember(*m_vocabulary, recorder.step(UndoStep::Kind::Edit));
+    return commit(Change::Undone, m_vocabulary);
 }

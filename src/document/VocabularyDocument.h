@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/ChangeSteps.h"
-#include "document/WordEdits.h"
+#include "document/UndoHistory.h"
 #include "model/TAVLexicon.h"
 
 /** What became of a change, or of one piece of it. */
@@ -14,6 +14,13 @@ struct ChangeOutcome
     TAVWordList removedWords = {};
 };
 
+/** What became of an edit. */
+struct EditOutcome : ChangeOutcome
+{
+    /** What takes it back, also after a failed save, as the changes are in memory then. */
+    UndoStep step;
+};
+
 /**
  * The current vocabulary, and the one owner of what follows a change: whoever has changed words on the user's
  * behalf, here or by the model as an answer does, commits that kind of change and never thinks of indexes,
@@ -21,7 +28,8 @@ struct ChangeOutcome
  *
  * An operation changes the words and does the first piece of those steps. Where a view has something to do
  * before the rest, it calls the next piece itself. Operations work on the vocabulary that they are given,
- * which need not be the current one: a quiz and the editor keep the object that they were opened with.
+ * which need not be the current one: a quiz and the editor keep the object that they were opened with. What
+ * they change of the current language can be taken back, whether its save succeeded or not.
  *
  * Main thread only.
  */
@@ -31,7 +39,7 @@ public:
     /** Absent before the first language was loaded. */
     TAVLexiconRef vocabulary() const override { return m_vocabulary; }
     /** Called by the vocabulary view alone, which saves and shows what it is given. */
-    void setVocabulary(const TAVLexiconRef &vocabulary) { m_vocabulary = vocabulary; }
+    void setVocabulary(const TAVLexiconRef &vocabulary);
     /** From now on the sync hears of what is changed in the word list. */
     void setListShown() { m_isListShown = true; }
     /**
@@ -53,16 +61,45 @@ public:
 
     // Changes of words, each with its first piece
 
+    /**
+     * Gives the word what was typed, or makes several of it. The change is WordsEdited, or WordsAdded for one
+     * that was only being typed. A word that has left the vocabulary meanwhile comes back.
+     */
+    EditOutcome editWord(Change change, TAVLexiconRef vocabulary, const TAVWordRef &word,
+                         const WordEdits::Content &typed);
+    /** Gives each word what is common; see WordEdits::applyToMany(). */
+    EditOutcome editWords(TAVLexiconRef vocabulary, const TAVWordList &words, const WordEdits::Content &typed,
+                          const WordEdits::VariousTexts &various);
     ChangeOutcome deleteWords(TAVLexiconRef vocabulary, const TAVWordList &words);
-    /** Takes back words that were only being typed. */
-    ChangeOutcome cancelAddition(TAVLexiconRef vocabulary, const TAVWordList &words);
+    /**
+     * Takes back words that were only being typed. The placeholder is another empty word that stays behind,
+     * or absent; it goes when this is undone.
+     */
+    ChangeOutcome cancelAddition(TAVLexiconRef vocabulary, const TAVWordList &words,
+                                 const TAVWordRef &placeholder = nullptr);
     ChangeOutcome dropTag(TAVLexiconRef vocabulary, const TAVWordRef &word, const QString &tag);
     /** With the save before and the one behind; the first to fail ends it. */
     ChangeOutcome removeDuplicates(TAVLexiconRef vocabulary);
-    /** Puts words back that had been removed, as they were; see TAVLexicon::restoreWords(). */
-    ChangeOutcome restoreWords(TAVLexiconRef vocabulary, const TAVWordList &words);
+
+    // Taking back
+
+    UndoHistory &history() { return m_history; }
+    /** Keeps what was typed for these words and not saved, so that it can be brought back. */
+    void rememberUnsaved(const TAVLexicon &vocabulary, const TAVWordList &words,
+                         const WordEdits::Content &typed, const WordEdits::VariousTexts &various);
+    /** The same for a new word that was not added. */
+    void rememberUnsavedAddition(const TAVLexicon &vocabulary, const WordEdits::Content &typed);
+    /** Takes an edit back in memory alone, because another one comes in its place. */
+    void withdraw(TAVLexicon &vocabulary, const UndoStep &step);
+    /** Takes the latest step back. Absent if its words are not to be found any more; it is dropped then. */
+    std::optional<ChangeOutcome> undo();
 
 private:
+    bool isOfHistory(const TAVLexicon &vocabulary) const;
+    /** Returns its number in the history, 0 if it isn't kept there. */
+    quint64 remember(const TAVLexicon &vocabulary, const UndoStep &step);
+
     TAVLexiconRef m_vocabulary;
+    UndoHistory m_history;
     bool m_isListShown = false;
 };

@@ -36,6 +36,32 @@ Summary summaryOf(const TAVWordList &words)
     return summary;
 }
 
+Content contentOf(const TAVWord &word)
+{
+    return {word.yourWord(), word.foreignWord(), word.comment(), word.tagsSorted(), word.dontAskAgain()};
+}
+
+TAVWordList newWordsFrom(const Content &content)
+{
+    TAVWordList words;
+    const TAVTextSet tags(content.tags);
+    const auto add = [&](const QString &yourWord, const QString &foreignWord) {
+        const auto word = std::make_shared<TAVWord>(yourWord, foreignWord, content.comment);
+        word->setTags(tags);
+        words.append(word);
+    };
+    if (!holdsSeveral(content)) {
+        if (!content.yourWord.trimmed().isEmpty() || !content.foreignWord.trimmed().isEmpty())
+            add(content.yourWord, content.foreignWord);
+        return words;
+    }
+    for (const QString &yourPart : partsOf(content.yourWord)) {
+        for (const QString &foreignPart : partsOf(content.foreignWord))
+            add(yourPart, foreignPart);
+    }
+    return words;
+}
+
 bool holdsSeveral(const Content &content)
 {
     return content.yourWord.contains(separator) || content.foreignWord.contains(separator);
@@ -78,16 +104,15 @@ void applyPairs(TAVLexicon &vocabulary, const TAVWordRef &word, const Content &c
         vocabulary.removeWord(word);
 }
 
-void applyToMany(const TAVWordList &words, const Content &content, const QString &variousComment,
-                 const QString &variousTags)
+void applyToMany(const TAVWordList &words, const Content &content, const VariousTexts &various)
 {
     QStringList tags = content.tags;
-    const bool keepsOwnTags = tags.removeAll(variousTags) > 0;
+    const bool keepsOwnTags = tags.removeAll(various.tag) > 0;
     const TAVTextSet tagSet(tags);
     const qint64 now = platform::secondsSince1970(platform::clock());
     for (const TAVWordRef &word : words) {
         word->setDontAskAgain(content.dontAskAgain);
-        if (content.comment != variousComment)
+        if (content.comment != various.comment)
             word->setComment(content.comment);
         if (keepsOwnTags) {
             for (const QString &tag : tags)

@@ -17,6 +17,13 @@ struct Content
     bool operator==(const Content &) const = default;
 };
 
+/** What stands in the panel where several words differ. */
+struct VariousTexts
+{
+    QString comment;
+    QString tag;
+};
+
 /** What several words have in common. */
 struct Summary
 {
@@ -29,6 +36,10 @@ struct Summary
 
 Summary summaryOf(const TAVWordList &words);
 
+Content contentOf(const TAVWord &word);
+/** The new words that this makes, one for each pair; none without any text. */
+TAVWordList newWordsFrom(const Content &content);
+
 /** Whether a text holds the sign that separates several words. */
 bool holdsSeveral(const Content &content);
 /** How many pairs both texts make; empty pieces and single blanks don't count. */
@@ -39,8 +50,7 @@ void applyToWord(TAVWord &word, const Content &content);
 /** Adds a word for each pair; a pair that is the word itself changes it, otherwise the word goes. */
 void applyPairs(TAVLexicon &vocabulary, const TAVWordRef &word, const Content &content);
 /** Gives each word what is common; texts that stand for various values leave the words' own. */
-void applyToMany(const TAVWordList &words, const Content &content, const QString &variousComment,
-                 const QString &variousTags);
+void applyToMany(const TAVWordList &words, const Content &content, const VariousTexts &various);
 
 /** For each word the first of the vocabulary with the same texts, as far as there is one. */
 TAVWordList counterparts(const TAVWordList &words, const TAVLexicon &vocabulary);

@@ -2,20 +2,31 @@
 
 #include <QAbstractScrollArea>
 #include <QEvent>
+#include <QLabel>
 #include <QStackedWidget>
 
 namespace {
 
-enum HelpPage { noWordsPage, noWordsInLevelPage, noUnknownWordsPage };
+enum HelpPage { noWordsPage, noWordsInLevelPage, noUnknownWordsPage, notLoadedPage };
+constexpr int marginOfText = 40;
 
 } // namespace
 
 HelpOverlays::HelpOverlays(QStackedWidget *noWordsTabView, QWidget *searchBackgroundView,
                            QAbstractScrollArea *table)
     : m_noWordsTabView(noWordsTabView)
+    , m_notLoaded(new QLabel)
     , m_searchBackgroundView(searchBackgroundView)
     , m_viewport(table->viewport())
 {
+    m_notLoaded->setObjectName(QStringLiteral("notLoadedLabel"));
+    m_notLoaded->setTextFormat(Qt::PlainText);
+    m_notLoaded->setWordWrap(true);
+    m_notLoaded->setAlignment(Qt::AlignCenter);
+    m_notLoaded->setMargin(marginOfText);
+    // It names a file that somebody will look for.
+    m_notLoaded->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_noWordsTabView->insertWidget(notLoadedPage, m_notLoaded);
     m_noWordsTabView->setParent(m_viewport);
     m_viewport->installEventFilter(this);
     m_searchBackgroundView->setAutoFillBackground(true);
@@ -39,6 +50,12 @@ void HelpOverlays::showNoWordsInLevelHelp()
 void HelpOverlays::showNoUnknownHelp()
 {
     showPage(noUnknownWordsPage);
+}
+
+void HelpOverlays::showNotLoaded(const QString &text)
+{
+    m_notLoaded->setText(text);
+    showPage(notLoadedPage);
 }
 
 void HelpOverlays::showPage(int page)

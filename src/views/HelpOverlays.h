@@ -3,6 +3,7 @@
 #include <QObject>
 
 class QAbstractScrollArea;
+class QLabel;
 class QStackedWidget;
 class QWidget;
 
@@ -19,6 +20,8 @@ public:
     void showNoWordsHelp();
     void showNoWordsInLevelHelp();
     void showNoUnknownHelp();
+    /** In the place of a list whose file could not be opened. */
+    void showNotLoaded(const QString &text);
     void showSearchHelp();
     void closeHelp();
 
@@ -30,6 +33,7 @@ private:
     void placePages();
 
     QStackedWidget *m_noWordsTabView;
+    QLabel *m_notLoaded;
     QWidget *m_searchBackgroundView;
     QWidget *m_viewport;
 };

@@ -5,10 +5,12 @@
 #include "app/ground/TAVFile.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/Texts.h"
+#include "storage/Backups.h"
 #include "storage/TAVStorageManager.h"
 
 #include <QComboBox>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -84,7 +86,7 @@ TAVLexiconRef LanguageMenu::loadChosen() const
     return loaded;
 }
 
-TAVLexiconRef LanguageMenu::loadLast(const LanguageList &languages)
+QString LanguageMenu::pathOfLast(const LanguageList &languages)
 {
     const QString name = settings::lastActiveLanguage.value().value_or(QString());
     QString path =
@@ -92,7 +94,16 @@ TAVLexiconRef LanguageMenu::loadLast(const LanguageList &languages)
             .arg(AppGround::vocabularyFolderPath(), name, QLatin1String(TAVStorageManager::extension));
     if (!QFile::exists(path))
         path = languages.first()->filePath();
-    return TAVStorageManager::vocabularyFromFile(path);
+    return path;
+}
+
+QString LanguageMenu::textAboutUnreadable(const QString &path)
+{
+    const QFileInfo file(path);
+    const QString backup = storage::newestBackupThatOpens(file.fileName());
+    const QString name = file.completeBaseName();
+    return backup.isEmpty() ? localized("Vocabulary", "languageNotLoaded").arg(name, path)
+                            : localized("Vocabulary", "languageNotLoadedButBackup").arg(name, backup);
 }
 
 void LanguageMenu::rememberAsLast(const TAVLexicon &vocabulary)

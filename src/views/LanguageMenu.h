@@ -23,8 +23,10 @@ public:
     /** Absent if there is no such file or it can't be read, which only the log is told here. */
     TAVLexiconRef loadChosen() const;
 
-    /** What was used last, or the first of the languages where that is gone. Absent if it can't be read. */
-    static TAVLexiconRef loadLast(const QList<std::shared_ptr<TAVFile>> &languages);
+    /** The file of what was used last, or of the first of the languages where that is gone. */
+    static QString pathOfLast(const QList<std::shared_ptr<TAVFile>> &languages);
+    /** What a user has to know whose language could not be loaded: its name, and where a copy lies. */
+    static QString textAboutUnreadable(const QString &path);
     /** The one to load at the next start. */
     static void rememberAsLast(const TAVLexicon &vocabulary);
 

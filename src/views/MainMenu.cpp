@@ -16,13 +16,19 @@ namespace {
 
 constexpr const char *availableProperty = "isAvailable";
 
-/** Asks the control that has the focus to do what is usual for it, if it can. */
+/** Whether the control that has the focus can do that. */
+bool focusHas(const char *method)
+{
+    const QWidget *focus = QApplication::focusWidget();
+    const QByteArray signature = QByteArray(method) + "()";
+    return focus && focus->metaObject()->indexOfMethod(signature.constData()) >= 0;
+}
+
+/** Asks that control to do what is usual for it, if it can. */
 void sendToFocus(const char *method)
 {
-    QWidget *focus = QApplication::focusWidget();
-    const QByteArray signature = QByteArray(method) + "()";
-    if (focus && focus->metaObject()->indexOfMethod(signature.constData()) >= 0)
-        QMetaObject::invokeMethod(focus, method);
+    if (focusHas(method))
+        QMetaObject::invokeMethod(QApplication::focusWidget(), method);
 }
 
 } // namespace
@@ -107,8 +113,10 @@ void MainMenu::addFileMenu(QMenuBar *bar)
 void MainMenu::addEditMenu(QMenuBar *bar)
 {
     QMenu *menu = bar->addMenu(localized("MainWindow", "edit"));
-    add(menu, "undo", localized("MainWindow", "undo"), QKeySequence(Qt::CTRL | Qt::Key_Z),
-        [this] { undo(); });
+    m_undoItem = add(menu, "undo", localized("MainWindow", "undo"), QKeySequence(Qt::CTRL | Qt::Key_Z),
+                     [this] { undo(); });
+    connect(m_hub.vocabularyController(), &TAVLexiconController::undoChanged, this, &MainMenu::updateUndo);
+    connect(qApp, &QApplication::focusChanged, this, &MainMenu::updateUndo);
     menu->addSeparator();
     const auto addStandard = [this, menu](const char *key, const QString &title, Qt::Key letter,
                                           const char *method) {
@@ -180,13 +188,23 @@ void MainMenu::onVocabularyPage(const std::function<void()> &action)
     action();
 }
 
+bool MainMenu::canUndoWords() const
+{
+    return m_isEnabled && m_hub.selectedTab() == MainTab::Vocabulary &&
+           m_hub.vocabularyController()->canUndo();
+}
+
+void MainMenu::updateUndo()
+{
+    m_undoItem->setEnabled(focusHas("undo") || canUndoWords());
+}
+
 void MainMenu::undo()
 {
-    QWidget *focus = QApplication::focusWidget();
-    if (focus && focus->metaObject()->indexOfMethod("undo()") >= 0)
+    if (focusHas("undo"))
         sendToFocus("undo");
-    else if (m_hub.selectedTab() == MainTab::Vocabulary && m_isEnabled)
-        m_hub.vocabularyController()->undoDeletion();
+    else if (canUndoWords())
+        m_hub.vocabularyController()->undo();
 }
 
 void MainMenu::insertUpdateItem(QAction *item)
@@ -231,4 +249,5 @@ void MainMenu::setActionsEnabled(bool enabled)
     m_isEnabled = enabled;
     for (QAction *action : m_itemsWithTabs)
         action->setEnabled(enabled && action->property(availableProperty).toBool());
+    updateUndo();
 }

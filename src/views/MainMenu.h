@@ -28,6 +28,8 @@ public:
     void setExportAvailable(bool available);
     /** While off, nothing that belongs to a vocabulary or a tab can be chosen. */
     void setActionsEnabled(bool enabled);
+    /** Another control or page is in front, or there is more or less to take back. */
+    void updateUndo();
 
 private:
     enum class Scope { Always, WithTabs };
@@ -43,9 +45,11 @@ private:
     void onVocabularyPage(const std::function<void()> &action);
     void setAvailable(QAction *action, bool available);
     void undo();
+    bool canUndoWords() const;
 
     TAVMainWindowController &m_hub;
     QMenu *m_applicationMenu = nullptr;
+    QAction *m_undoItem = nullptr;
     QAction *m_importItem = nullptr;
     QAction *m_exportItem = nullptr;
     QAction *m_synonymsItem = nullptr;

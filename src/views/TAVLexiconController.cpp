@@ -9,9 +9,12 @@
 #include "sync/TAVSyncLog.h"
 #include "views/MemoryLevelButton.h"
 #include "views/Notices.h"
+#include "views/UndoLine.h"
 #include "views/VocabularyView.h"
 #include "views/WordTable.h"
 #include "views/editor/TAVWordPopoverController.h"
+
+#include <algorithm>
 
 using namespace std::chrono_literals;
 using platform::localized;
@@ -24,12 +27,13 @@ TAVLexiconController::TAVLexiconController(VocabularyDocument &document)
           WordTable::Owner{[this] { return query(); },
                            [this](int row, const QString &text) { return acceptDrop(row, text); }}))
     , m_wordEditor(std::make_unique<TAVWordPopoverController>(m_view, document))
-    , m_newWord(std::make_unique<NewWordEntry>(document, *m_wordEditor))
+    , m_newWord(std::make_unique<NewWordEntry>(document, *m_wordEditor, m_view))
     , m_updates([this] { showEverything(); })
     , m_textInputSourceBackup(platform::services().inputSources->currentKeyboardLayoutInputSource())
 {
     m_wordEditor->setQuizSelectedAction([this] { emit quizSelectedRequested(); });
     connectView();
+    connectHistory();
     const TAVLexiconRef present = m_document.vocabulary();
     m_view->statusLine().showUnknownWords(present ? present->level0Words().size() : 0,
                                           present ? present->countAllWords() : 0);
@@ -59,7 +63,12 @@ void TAVLexiconController::connectView()
     connect(m_view, &VocabularyView::deselectAllTagsChosen, this, &TAVLexiconController::deselectAllTags);
     connect(m_view, &VocabularyView::toggleStatusChosen, this, &TAVLexiconController::toggleStatusView);
     // A panel beside a row must not stand over another page.
-    connect(m_view, &VocabularyView::left, this, [this] { m_wordEditor->hidePanel(); });
+    connect(m_view, &VocabularyView::left, this, [this] {
+        m_wordEditor->hidePanel();
+        m_wordEditor->dropKeptKeys();
+    });
+    m_newWord->setChoosesWord(
+        [this](QWidget *widget, const QPoint &position) { return m_table->isRowAt(widget, position); });
     m_view->tagCloud()->setDelegate(this);
     connect(m_table.get(), &WordTable::selectionChanged, this,
             &TAVLexiconController::tableViewSelectionDidChange);
@@ -68,6 +77,20 @@ void TAVLexiconController::connectView()
     connect(m_table.get(), &WordTable::escapePressed, this, [this] {
         if (m_wordEditor->isPanelVisible())
             m_wordEditor->closeWordPanel(nullptr);
+    });
+}
+
+void TAVLexiconController::connectHistory()
+{
+    const UndoHistory &history = m_document.history();
+    connect(&m_view->undoLine(), &UndoLine::undoChosen, this, &TAVLexiconController::undo);
+    connect(&history, &UndoHistory::remembered, this, [this] {
+        m_view->undoLine().offer(m_document.history().last());
+        emit undoChanged();
+    });
+    connect(&history, &UndoHistory::emptied, this, [this] {
+        m_view->undoLine().hide();
+        emit undoChanged();
     });
 }
 
@@ -84,7 +107,6 @@ TAVLexiconRef TAVLexiconController::vocabulary() const
 void TAVLexiconController::setVocabulary(const TAVLexiconRef &vocabulary)
 {
     m_document.setVocabulary(vocabulary);
-    m_deletions.follow(vocabulary ? TAVStorageManager::displayNameForVocabulary(*vocabulary) : QString());
     if (m_wordEditor->isActive())
         m_wordEditor->updateVocabulary(vocabulary);
     else
@@ -115,8 +137,11 @@ void TAVLexiconController::showVocabulary()
 void TAVLexiconController::showEverything()
 {
     const TAVLexiconRef shown = vocabulary();
-    if (!shown)
+    if (!shown) {
+        if (!m_textAboutNotLoaded.isEmpty())
+            m_view->overlays().showNotLoaded(m_textAboutNotLoaded);
         return;
+    }
     m_table->setLanguages(*shown);
     m_view->tagCloud()->setTokens(shown->allTags());
     m_table->reload();
@@ -167,6 +192,12 @@ void TAVLexiconController::chooseOverlay()
 void TAVLexiconController::closeHelp()
 {
     m_view->overlays().closeHelp();
+}
+
+void TAVLexiconController::showNotLoaded(const QString &text)
+{
+    m_textAboutNotLoaded = text;
+    updateEntireView();
 }
 
 void TAVLexiconController::updateStatusText()
@@ -380,7 +411,11 @@ void TAVLexiconController::showAddWordPanel()
     }
     // The place in the list is the row, also while the table shows the list from its end.
     const int row = int(currentWordsToShow().indexOf(word));
-    m_newWord->open(word, [this, row] { m_table->selectOnlyRow(row); });
+    m_newWord->open(word, vocabulary(), row, [this](int place) { m_table->selectOnlyRow(place); });
+    if (m_wordEditor->isInAddingMode())
+        m_wordEditor->keepKeys();
+    else
+        updateEntireView();
 }
 
 void TAVLexiconController::wordPopoverDidAddWords(const TAVWordList &, bool shallAddMore)
@@ -392,6 +427,7 @@ void TAVLexiconController::wordPopoverDidAddWords(const TAVWordList &, bool shal
         m_document.proceed(Change::WordsAdded, 2, vocabulary());
         return;
     }
+    m_wordEditor->keepKeys();
     platform::clock().callAfter(500ms, this, [this] {
         // On another page, nobody would type into the empty word, and it would be saved.
         if (m_view->isVisible())
@@ -408,9 +444,8 @@ void TAVLexiconController::wordPopoverDidEditWords(const TAVWordList &)
     m_document.proceed(Change::WordsEdited, 1, vocabulary());
 }
 
-void TAVLexiconController::wordPopoverDidDeleteWords(const TAVWordList &words)
+void TAVLexiconController::wordPopoverDidDeleteWords(const TAVWordList &)
 {
-    m_deletions.remember(words);
     const QList<int> rows = m_table->selectedRows();
     m_wordEditor->hidePanel();
     m_document.proceed(Change::WordsDeleted, 1, vocabulary());
@@ -422,7 +457,7 @@ void TAVLexiconController::wordPopoverDidDeleteWords(const TAVWordList &words)
 
 void TAVLexiconController::wordPopoverDidCancelAddingWords(const TAVWordList &words)
 {
-    m_document.cancelAddition(vocabulary(), words);
+    m_document.cancelAddition(vocabulary(), words, m_newWord->leftBehind(words, vocabulary()));
     updateEntireView();
     m_wordEditor->hidePanel();
     m_document.proceed(Change::AdditionCancelled, 1, vocabulary());
@@ -454,13 +489,31 @@ void TAVLexiconController::deleteSelectedWords()
     m_wordEditor->deleteWord();
 }
 
-void TAVLexiconController::undoDeletion()
+bool TAVLexiconController::canUndo() const
 {
-    if (m_deletions.isEmpty() || !vocabulary())
+    return !m_document.history().isEmpty();
+}
+
+void TAVLexiconController::undo()
+{
+    if (!canUndo() || !vocabulary())
         return;
-    m_document.restoreWords(vocabulary(), m_deletions.takeLast());
+    m_view->undoLine().hide();
+    const bool isDone = m_document.undo().has_value();
+    emit undoChanged();
+    // What an open editor shows may be what has changed.
+    deselectWords();
+    if (!isDone) {
+        m_view->undoLine().tell(localized("Vocabulary", "cannotUndoLine"));
+        return;
+    }
     updateEntireView();
     m_document.proceed(Change::Undone, 1, vocabulary());
+}
+
+void TAVLexiconController::focusOnList()
+{
+    m_table->setFocus();
 }
 
 void TAVLexiconController::deleteDuplicates()
@@ -473,10 +526,12 @@ void TAVLexiconController::deleteDuplicates()
          {localized("Vocabulary", "cancel"), localized("Vocabulary", "deleteDuplicates")}});
     if (answer != 1)
         return;
+    m_newWord->cancel();
     const ChangeOutcome outcome = m_document.removeDuplicates(vocabulary());
-    m_deletions.remember(outcome.removedWords);
-    if (!outcome.isSaved)
+    if (!outcome.isSaved) {
+        closeEditorOfGoneWords();
         return;
+    }
     platform::services().alerts->show(
         {localized("Vocabulary", "duplicatesDeleted", nullptr, int(outcome.removedWords.size())),
          QString(),
@@ -485,12 +540,27 @@ void TAVLexiconController::deleteDuplicates()
         setDisplaySynonyms();
     updateEntireView();
     m_document.proceed(Change::DuplicatesRemoved, 2, vocabulary());
+    closeEditorOfGoneWords();
+}
+
+void TAVLexiconController::closeEditorOfGoneWords()
+{
+    const TAVWordSet present(vocabulary()->allWords());
+    const TAVWordList &edited = m_wordEditor->selectedWords();
+    const bool isAnyGone = std::any_of(
+        edited.begin(), edited.end(), [&present](const TAVWordRef &word) { return !present.contains(word); });
+    if (isAnyGone && m_wordEditor->isPanelVisible())
+        m_wordEditor->closeWordPanel(nullptr);
 }
 
 bool TAVLexiconController::acceptDrop(int row, const QString &text)
 {
     const TAVWordRef word = m_table->presentWordAtRow(row);
     if (!word || !vocabulary())
+        return false;
+    // The save would write the empty word of an open addition to the file.
+    m_newWord->cancel();
+    if (!vocabulary()->allWords().contains(word))
         return false;
     m_document.dropTag(vocabulary(), word, text);
     tellFullness();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "document/DeletionHistory.h"
 #include "document/Page.h"
 #include "document/WordListQuery.h"
 #include "platform/InputSources.h"
@@ -58,6 +57,8 @@ public:
     /** Closes the word editor only if it is adding a word. */
     void closeAddWordPopover() { m_newWord->cancel(); }
     void closeHelp();
+    /** Until a vocabulary comes, this stands in the place of the list. */
+    void showNotLoaded(const QString &text);
     /** In ascending row order. */
     TAVWordList getSelectedWordsArray();
     void deselectWords();
@@ -84,8 +85,11 @@ public:
     void selectAllTags();
     void deselectAllTags();
     void deleteSelectedWords();
-    /** Brings back what was deleted last in this language, with all fields. */
-    void undoDeletion();
+    /** Takes the user's last change of this language's words back. */
+    void undo();
+    bool canUndo() const;
+    /** The keyboard goes to the list. */
+    void focusOnList();
 
     /** In ascending order, whatever end the table shows first. */
     const TAVWordList &currentWordsToShow();
@@ -119,9 +123,12 @@ signals:
     void synonymsTitleChanged(const QString &title);
     /** The user wants a quiz of the selected words. */
     void quizSelectedRequested();
+    /** canUndo() has changed. */
+    void undoChanged();
 
 private:
     void connectView();
+    void connectHistory();
     WordListQuery query() const;
     void showEverything();
     void showLevel();
@@ -133,6 +140,8 @@ private:
     void tableViewSelectionDidChange();
     /** True if the table showed an outlived vocabulary, whose words must not be used. */
     bool adoptReplacedVocabulary();
+    /** An edit of a word that has left the vocabulary would be lost. */
+    void closeEditorOfGoneWords();
     /** True if another row was chosen while a new word was being typed; that word is gone then. */
     bool giveUpNewWord();
 
@@ -142,8 +151,8 @@ private:
     std::unique_ptr<WordTable> m_table;
     std::unique_ptr<TAVWordPopoverController> m_wordEditor;
     std::unique_ptr<NewWordEntry> m_newWord;
-    DeletionHistory m_deletions;
     UpdateGate m_updates;
+    QString m_textAboutNotLoaded;
     quint64 m_selectedLevel = 0;
     bool m_isSynonymsActive = false;
     TAVWordRef m_selectedWord;

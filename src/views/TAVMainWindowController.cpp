@@ -155,11 +155,14 @@ void TAVMainWindowController::awakeFromNib()
     if (languages.isEmpty()) {
         selectTab(MainTab::FirstStartSetup);
         m_firstStart->begin(m_dropboxController->isLinked());
-        setActionsEnabled(false);
+        setToolbarEnabled(false);
     } else {
-        if (const TAVLexiconRef loaded = LanguageMenu::loadLast(languages)) {
+        const QString path = LanguageMenu::pathOfLast(languages);
+        if (const TAVLexiconRef loaded = TAVStorageManager::vocabularyFromFile(path)) {
             m_vocabularyController->setVocabulary(loaded);
             LanguageMenu::rememberAsLast(*loaded);
+        } else {
+            m_vocabularyController->showNotLoaded(LanguageMenu::textAboutUnreadable(path));
         }
         updateLanguagesPopup();
         platform::clock().callAfter(500ms, this, [this] {
@@ -225,6 +228,9 @@ void TAVMainWindowController::selectLanguage()
         showStatistics();
     LanguageMenu::rememberAsLast(*loaded);
     m_vocabularyController->updateEntireView();
+    // Letters typed next would choose another language.
+    if (selectedTab() == MainTab::Vocabulary)
+        m_vocabularyController->focusOnList();
 }
 
 // Tabs
@@ -239,6 +245,7 @@ void TAVMainWindowController::selectTab(MainTab tab)
     m_toolbar->select(tab);
     m_helpController->closeHelp();
     m_pages->select(tab);
+    m_menu->updateUndo();
 }
 
 void TAVMainWindowController::callTab(MainTab tab)
@@ -372,7 +379,7 @@ void TAVMainWindowController::beginWith(const TAVLexiconRef &vocabulary)
     m_vocabularyController->setVocabulary(vocabulary);
     m_vocabularyController->updateEntireView();
     updateLanguagesPopup();
-    setActionsEnabled(true);
+    setToolbarEnabled(true);
 }
 
 void TAVMainWindowController::linkWithDropbox()

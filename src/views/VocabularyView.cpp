@@ -2,6 +2,7 @@
 
 #include "platform/Texts.h"
 #include "ui_VocabularyView.h"
+#include "views/UndoLine.h"
 #include "widgets/Icons.h"
 
 #include <QHideEvent>
@@ -27,8 +28,10 @@ void enlarge(QLabel *label, double factor, bool isBold)
 
 VocabularyView::VocabularyView()
     : m_ui(std::make_unique<Ui::VocabularyView>())
+    , m_undoLine(new UndoLine)
 {
     m_ui->setupUi(this);
+    m_ui->statusRow->insertWidget(1, m_undoLine);
     prepareLook();
     m_levelBar = std::make_unique<LevelBar>(
         LevelBar::Buttons{m_ui->level0Button, m_ui->level1Button, m_ui->level2Button, m_ui->level3Button,

@@ -10,6 +10,7 @@
 
 class M3TokenCloud;
 class Notices;
+class UndoLine;
 class WordTableView;
 
 namespace Ui {
@@ -28,6 +29,7 @@ public:
     LevelBar &levelBar() { return *m_levelBar; }
     StatusLine &statusLine() { return *m_statusLine; }
     HelpOverlays &overlays() { return *m_overlays; }
+    UndoLine &undoLine() { return *m_undoLine; }
     Notices &notices();
     WordTableView *table() const;
     M3TokenCloud *tagCloud() const;
@@ -69,4 +71,6 @@ private:
     std::unique_ptr<LevelBar> m_levelBar;
     std::unique_ptr<StatusLine> m_statusLine;
     std::unique_ptr<HelpOverlays> m_overlays;
+    /** Owned by the form. */
+    UndoLine *m_undoLine;
 };

@@ -164,6 +164,11 @@ QWidget *WordTable::viewport() const
     return m_view->viewport();
 }
 
+bool WordTable::isRowAt(const QWidget *widget, const QPoint &position) const
+{
+    return widget == viewport() && m_view->indexAt(position).isValid();
+}
+
 QRect WordTable::cellOfSelection() const
 {
     QRect cell = m_view->visualRect(m_model.index(selectedRows().first(), WordTableModel::YourWord));

@@ -57,6 +57,8 @@ public:
     void putCursorNear(int row);
     void setFocus();
     QWidget *viewport() const;
+    /** Whether a word stands at that place of that widget. */
+    bool isRowAt(const QWidget *widget, const QPoint &position) const;
     /** In the viewport, where the first selected row meets the column of the user's words. */
     QRect cellOfSelection() const;
 

@@ -1,6 +1,5 @@
 #include "document/VocabularyDocument.h"
 #include "app/ground/AppGround.h"
-#include "document/DeletionHistory.h"
 #include "document/NewLanguage.h"
 #include "storage/TAVStorageManager.h"
 #include "support/TestServices.h"
@@ -81,7 +80,7 @@ TEST_F(VocabularyDocumentTest, AnOperationTellsWhatItTouchedAndWhatItRemoved)
     EXPECT_EQ(house->tagsSorted(), QStringList{u"home"_s});
     EXPECT_EQ(house->modificationID(), services.clock.now().toSecsSinceEpoch());
     check("duplicates", [&] { return document.removeDuplicates(vocabulary); }, {dog});
-    check("undo", [&] { return document.restoreWords(vocabulary, {dog}); }, {});
+    check("undo", [&] { return document.undo().value(); }, {});
     EXPECT_EQ(reloaded()->countAllWords(), 3);
     check("delete", [&] { return document.deleteWords(vocabulary, {twin, dog}); }, {twin, dog});
     EXPECT_EQ(reloaded()->countAllWords(), 1);
@@ -122,25 +121,21 @@ TEST_F(VocabularyDocumentTest, LongWorkEndsInTheVocabularyThatStandsForTheGivenO
     EXPECT_EQ(document.presentVersionOf(nullptr), nullptr);
 }
 
-TEST_F(VocabularyDocumentTest, TheHistoryOfDeletionsHasAnEnd)
+TEST_F(VocabularyDocumentTest, TheHistoryHasAnEnd)
 {
-    DeletionHistory history;
-    history.follow(u"Italian"_s);
-    history.remember({makeWord({})});
-    EXPECT_TRUE(history.isEmpty()) << "an empty word is nothing to bring back";
-    for (int i = 0; i <= DeletionHistory::maxEntries; ++i)
-        history.remember({makeWord({QString::number(i)}), makeWord({})});
-    history.follow(u"Italian"_s);
-    TAVWordList last;
-    int entries = 0;
-    for (; !history.isEmpty(); ++entries)
-        last = history.takeLast();
-    EXPECT_EQ(entries, DeletionHistory::maxEntries);
-    ASSERT_EQ(last.size(), 1);
-    EXPECT_EQ(last.first()->yourWord(), u"1"_s) << "the first one was forgotten";
-    history.remember({dog});
-    history.follow(u"Latin"_s);
-    EXPECT_TRUE(history.isEmpty());
+    for (int i = 0; i <= UndoHistory::maxSteps; ++i)
+        document.dropTag(vocabulary, house, QString::number(i));
+    int steps = 0;
+    for (; document.undo(); ++steps) {
+    }
+    EXPECT_EQ(steps, UndoHistory::maxSteps);
+    EXPECT_EQ(house->tagsSorted(), QStringList{u"0"_s}) << "the first one was forgotten";
+
+    // A quiz may run over a language that isn't the current one any more.
+    const TAVLexiconRef other = named(u"Latin"_s);
+    other->batchAddWords({makeWord({u"bread"_s, u"panis"_s, 0, {}, {}, 201})});
+    document.deleteWords(other, other->allWords());
+    EXPECT_FALSE(document.undo());
 }
 
 TEST_F(VocabularyDocumentTest, ANewLanguageHasTwoNamesForAFile)

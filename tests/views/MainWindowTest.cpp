@@ -65,6 +65,8 @@ TEST_F(MainWindowTest, StandsWithoutAVocabularyWhereItCannotBeLoaded)
     EXPECT_FALSE(vocabulary());
     EXPECT_EQ(services.settings.value(QStringLiteral("lastActiveLanguage")),
               QStringLiteral("Broken - English"));
+    EXPECT_TRUE(control<QLabel>("notLoadedLabel")->isVisible()) << "an empty list would look like total loss";
+    EXPECT_TRUE(text("notLoadedLabel").startsWith(QStringLiteral("‘Broken - English’")));
 
     // Nothing that can be reached needs a vocabulary.
     for (const MainTabInfo &info : toolbarTabs)
@@ -86,6 +88,8 @@ TEST_F(MainWindowTest, StandsWithoutAVocabularyWhereItCannotBeLoaded)
     chooseLanguage(QStringLiteral("Italian - English"));
     ASSERT_TRUE(vocabulary());
     EXPECT_EQ(vocabulary()->countAllWords(), 3);
+    hub->showVocabulary();
+    EXPECT_FALSE(control<QLabel>("notLoadedLabel")->isVisible());
 }
 
 TEST_F(MainWindowTest, AFirstLanguageIsMadeByItsName)
@@ -94,6 +98,7 @@ TEST_F(MainWindowTest, AFirstLanguageIsMadeByItsName)
     EXPECT_TRUE(hub->isInFirstSetupMode());
     EXPECT_EQ(hub->selectedTab(), MainTab::FirstStartSetup);
     EXPECT_FALSE(control<QToolButton>("showQuiz")->isEnabled());
+    EXPECT_FALSE(control<QComboBox>("languagesPopUp")->isEnabled());
     auto *field = control<QLineEdit>("firstLanguageField");
     auto *button = control<QPushButton>("getStartedButton");
     EXPECT_FALSE(button->isEnabled());
@@ -117,6 +122,7 @@ TEST_F(MainWindowTest, AFirstLanguageIsMadeByItsName)
     EXPECT_EQ(vocabulary()->foreignLanguageName(), QStringLiteral("Italian"));
     EXPECT_TRUE(QFile::exists(TAVStorageManager::savePathForVocabulary(*vocabulary())));
     EXPECT_TRUE(control<QToolButton>("showQuiz")->isEnabled());
+    EXPECT_TRUE(control<QComboBox>("languagesPopUp")->isEnabled());
 
     hub->createFirstLanguageWithName(AppGround::selectedLocaleName().toUpper());
     EXPECT_EQ(vocabulary()->yourLanguageName(), QStringLiteral("My Language"));

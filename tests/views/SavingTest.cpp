@@ -83,7 +83,7 @@ const Way ways[] = {
          t.words()->deleteSelectedWords();
          t.words()->vocabulary()->setNeedsSync(false);
      },
-     [](Test t) { t.words()->undoDeletion(); }, "mark* save reload sync", true},
+     [](Test t) { t.words()->undo(); }, "mark* save reload sync", true},
     {"duplicates",
      [](Test t) {
          const auto twin =

@@ -282,10 +282,10 @@ TEST_F(ViewsTest, DeletedWordsComeBackWithAllTheirFields)
     table()->selectOnlyRow(0);
     words()->deleteSelectedWords();
     chooseLanguage(QStringLiteral("Latin - English"));
-    words()->undoDeletion();
+    words()->undo();
     EXPECT_EQ(vocabulary()->countAllWords(), 1) << "not into another language";
     chooseLanguage(QStringLiteral("Italian - English"));
-    words()->undoDeletion();
+    words()->undo();
     EXPECT_EQ(vocabulary()->countAllWords(), 2) << "the switch has ended it";
 }
 
@@ -301,7 +301,7 @@ TEST_F(ViewsTest, RemovedDuplicatesComeBackToo)
     words()->deleteDuplicates();
     EXPECT_EQ(vocabulary()->countAllWords(), 3);
     EXPECT_EQ(services.alerts.shown.last().title, QStringLiteral("One duplicate was removed."));
-    words()->undoDeletion();
+    words()->undo();
     EXPECT_EQ(vocabulary()->countAllWords(), 4);
     EXPECT_TRUE(vocabulary()->findWordByID(1001));
 }

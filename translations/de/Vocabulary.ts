@@ -281,13 +281,105 @@
         <source>wordTable</source>
         <translation>Wörter</translation>
     </message>
+    <message numerus="yes">
+        <source>wordsDeletedLine</source>
+        <translation>
+            <numerusform>%n Wort gelöscht</numerusform>
+            <numerusform>%n Wörter gelöscht</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>wordsRemovedLine</source>
+        <translation>
+            <numerusform>%n Wort entfernt</numerusform>
+            <numerusform>%n Wörter entfernt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>wordRemovedLine</source>
+        <translation>„%1“ wurde entfernt</translation>
+    </message>
+    <message>
+        <source>tagAddedLine</source>
+        <translation>„%1“ hat ein Schlagwort bekommen</translation>
+    </message>
+    <message numerus="yes">
+        <source>wordsChangedLine</source>
+        <translation>
+            <numerusform>%n Wort geändert</numerusform>
+            <numerusform>%n Wörter geändert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>wordChangedLine</source>
+        <translation>„%1“ geändert</translation>
+    </message>
+    <message>
+        <source>newWordNotAddedLine</source>
+        <translation>Das neue Wort „%1“ wurde nicht hinzugefügt</translation>
+    </message>
+    <message numerus="yes">
+        <source>newWordsNotAddedLine</source>
+        <translation>
+            <numerusform>%n neues Wort wurde nicht hinzugefügt</numerusform>
+            <numerusform>%n neue Wörter wurden nicht hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>changesNotSavedLine</source>
+        <translation>Die Änderungen an „%1“ wurden nicht gesichert</translation>
+    </message>
+    <message numerus="yes">
+        <source>changesToManyNotSavedLine</source>
+        <translation>
+            <numerusform>Die Änderungen an %n Wort wurden nicht gesichert</numerusform>
+            <numerusform>Die Änderungen an %n Wörtern wurden nicht gesichert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>undoLineAction</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>bringBack</source>
+        <translation>Zurückholen</translation>
+    </message>
+    <message>
+        <source>cannotUndoLine</source>
+        <translation>Das lässt sich nicht mehr zurücknehmen: Die Wörter haben sich seitdem geändert</translation>
+    </message>
+    <message>
+        <source>languageNotLoaded</source>
+        <translation>„%1“ konnte nicht geöffnet werden.
+
+Die Wörter werden nicht gezeigt, aber es wurde nichts geändert oder gelöscht. Die Datei ist
+%2
+
+Oben lässt sich eine andere Sprache wählen.</translation>
+    </message>
+    <message>
+        <source>languageNotLoadedButBackup</source>
+        <translation>„%1“ konnte nicht geöffnet werden.
+
+Die Wörter werden nicht gezeigt, aber es wurde nichts geändert oder gelöscht. Die neueste Sicherungskopie, die sich öffnen lässt, ist
+%2
+
+Oben lässt sich eine andere Sprache wählen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>wordsAddedLine</source>
+        <translation>
+            <numerusform>%n Wort hinzugefügt</numerusform>
+            <numerusform>%n Wörter hinzugefügt</numerusform>
+        </translation>
+    </message>
     <message>
         <source>fileNearlyFull</source>
-        <translation>Die Datei dieser Sprache ist %1 von %2 MiB groß. Darüber wird sie noch gespeichert, lässt sich aber nicht mehr öffnen. Teile sie rechtzeitig: Exportiere einen Teil der Wörter und lösche sie dann hier.</translation>
+        <translation>Die Datei dieser Sprache ist mit %1 von %2 MiB gefüllt. Darüber wird sie noch gesichert, lässt sich aber nicht mehr öffnen; die letzte Fassung, die sich öffnen lässt, bleibt im Ordner „Rescued“.</translation>
     </message>
     <message>
         <source>fileTooFull</source>
-        <translation>Die Datei dieser Sprache ist %1 MiB groß: Über %2 MiB wird sie gespeichert, lässt sich aber nicht mehr öffnen. Exportiere vor dem Beenden einen Teil der Wörter und lösche sie hier, bis es wieder weniger ist.</translation>
+        <translation>Die Datei dieser Sprache hat %1 MiB: Über %2 MiB wird sie gesichert, lässt sich aber nicht mehr öffnen. Bitte vor dem Beenden Wörter löschen, bis sie kleiner ist. Die letzte Fassung, die sich öffnen lässt, liegt im Ordner „Rescued“.</translation>
     </message>
 </context>
 </TS>

@@ -281,13 +281,105 @@
         <source>wordTable</source>
         <translation>Words</translation>
     </message>
+    <message numerus="yes">
+        <source>wordsDeletedLine</source>
+        <translation>
+            <numerusform>%n word deleted</numerusform>
+            <numerusform>%n words deleted</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>wordsRemovedLine</source>
+        <translation>
+            <numerusform>%n word removed</numerusform>
+            <numerusform>%n words removed</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>wordRemovedLine</source>
+        <translation>‘%1’ was removed</translation>
+    </message>
+    <message>
+        <source>tagAddedLine</source>
+        <translation>‘%1’ has got a tag</translation>
+    </message>
+    <message numerus="yes">
+        <source>wordsChangedLine</source>
+        <translation>
+            <numerusform>%n word changed</numerusform>
+            <numerusform>%n words changed</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>wordChangedLine</source>
+        <translation>‘%1’ changed</translation>
+    </message>
+    <message>
+        <source>newWordNotAddedLine</source>
+        <translation>The new word ‘%1’ wasn’t added</translation>
+    </message>
+    <message numerus="yes">
+        <source>newWordsNotAddedLine</source>
+        <translation>
+            <numerusform>%n new word wasn’t added</numerusform>
+            <numerusform>%n new words weren’t added</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>changesNotSavedLine</source>
+        <translation>The changes to ‘%1’ weren’t saved</translation>
+    </message>
+    <message numerus="yes">
+        <source>changesToManyNotSavedLine</source>
+        <translation>
+            <numerusform>The changes to %n word weren’t saved</numerusform>
+            <numerusform>The changes to %n words weren’t saved</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>undoLineAction</source>
+        <translation>Undo</translation>
+    </message>
+    <message>
+        <source>bringBack</source>
+        <translation>Bring back</translation>
+    </message>
+    <message>
+        <source>cannotUndoLine</source>
+        <translation>This can’t be undone any more: its words have changed since</translation>
+    </message>
+    <message>
+        <source>languageNotLoaded</source>
+        <translation>‘%1’ could not be opened.
+
+Your words are not shown, but nothing was changed or deleted. The file is
+%2
+
+You can choose another language above.</translation>
+    </message>
+    <message>
+        <source>languageNotLoadedButBackup</source>
+        <translation>‘%1’ could not be opened.
+
+Your words are not shown, but nothing was changed or deleted. The newest backup that opens is
+%2
+
+You can choose another language above.</translation>
+    </message>
+    <message numerus="yes">
+        <source>wordsAddedLine</source>
+        <translation>
+            <numerusform>%n word added</numerusform>
+            <numerusform>%n words added</numerusform>
+        </translation>
+    </message>
     <message>
         <source>fileNearlyFull</source>
-        <translation>The file of this language holds %1 of %2 MiB. Beyond that it is still saved, but can't be opened any more. Split it in time: export part of the words, then delete them here.</translation>
+        <translation>The file of this language holds %1 of %2 MiB. Beyond that it is still saved, but can't be opened any more; the last version that can is kept in the folder “Rescued”.</translation>
     </message>
     <message>
         <source>fileTooFull</source>
-        <translation>The file of this language holds %1 MiB: beyond %2 MiB it is saved, but can't be opened any more. Before you quit, export part of the words and delete them here until it holds less.</translation>
+        <translation>The file of this language holds %1 MiB: beyond %2 MiB it is saved, but can't be opened any more. Before you quit, delete words until it holds less. The last version that can be opened lies in the folder “Rescued”.</translation>
     </message>
 </context>
 </TS>

@@ -29,6 +29,11 @@ public:
 
     /** Not owned; may be null. */
     void setOhDelegate(OHLanguageTextFieldDelegate *delegate) { m_ohDelegate = delegate; }
+    /**
+     * A text that is no text of the user's but stands for several: whatever is typed, pasted or dropped into
+     * it takes its place as a whole. Empty for none.
+     */
+    void setStandIn(const QString &text) { m_standIn = text; }
 
 signals:
     /** Editing ends: the focus is about to be reported as lost. */
@@ -41,7 +46,11 @@ protected:
 
 private:
     void endEditing();
+    /** What a user meant by an edit whose result is this text. */
+    QString meantBy(const QString &edited) const;
 
+    QString m_standIn;
+    QString m_lastText;
     LanguageFocus m_focus;
     OHLanguageTextFieldDelegate *m_ohDelegate = nullptr;
 };

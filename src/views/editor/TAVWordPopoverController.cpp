@@ -7,6 +7,7 @@
 #include "platform/Services.h"
 #include "platform/Texts.h"
 #include "ui_TAVWordPopover.h"
+#include "views/editor/KeptKeys.h"
 #include "widgets/ArrowPopup.h"
 
 #include <QApplication>
@@ -38,12 +39,14 @@ TAVWordPopoverController::TAVWordPopoverController(QWidget *parentWidget, Vocabu
     auto *panel = new QWidget;
     m_ui->setupUi(panel);
     m_popup->setContent(panel);
+    m_keptKeys = std::make_unique<KeptKeys>(m_popup, parentWidget);
     localize();
     connectControls();
 }
 
 TAVWordPopoverController::~TAVWordPopoverController()
 {
+    m_keptKeys.reset();
     delete m_popup.data();
 }
 
@@ -58,6 +61,7 @@ void TAVWordPopoverController::localize()
     m_ui->tagsLabel->setText(platform::localized("Vocabulary", "topicTags"));
     m_ui->tagsTokenField->setPlaceholderText(platform::localized("Vocabulary", "separateWithComma"));
     m_ui->commentTextField->setAccessibleName(m_ui->commentLabel->text());
+    m_ui->commentTextField->setStandIn(variousTexts().comment);
     m_ui->tagsTokenField->setAccessibleName(m_ui->tagsLabel->text());
 }
 
@@ -99,7 +103,9 @@ void TAVWordPopoverController::showEditWindowForWords(const TAVWordList &words,
                                                       const TAVLexiconRef &vocabulary,
                                                       TAVWordPopoverDelegate *delegate)
 {
+    rememberUnsavedTexts();
     m_isActive = true;
+    m_failedEdit.reset();
     m_selectedWords = words;
     m_vocabulary = vocabulary;
     m_delegate = delegate;
@@ -122,7 +128,20 @@ void TAVWordPopoverController::showBeside(QWidget *widget, const QRect &rectangl
 void TAVWordPopoverController::hidePanel()
 {
     m_focusTimer.reset();
+    if (m_popup->isVisible())
+        m_keptKeys->drop();
+    rememberUnsavedTexts();
     m_popup->hide();
+}
+
+void TAVWordPopoverController::keepKeys()
+{
+    m_keptKeys->begin();
+}
+
+void TAVWordPopoverController::dropKeptKeys()
+{
+    m_keptKeys->drop();
 }
 
 bool TAVWordPopoverController::isPanelVisible() const
@@ -177,15 +196,14 @@ void TAVWordPopoverController::showManyWords()
     m_ui->dontAskAgainCheckBox->setCheckState(summary.allFlagged    ? Qt::Checked
                                               : summary.noneFlagged ? Qt::Unchecked
                                                                     : Qt::PartiallyChecked);
-    const QString various = platform::localized("Vocabulary", "<Various Values>");
+    const auto [various, variousTag] = variousTexts();
     m_ui->yourLangWordTextField->setText(various);
     m_ui->foreignWordTextField->setText(various);
     m_ui->yourLangWordTextField->setEnabled(false);
     m_ui->foreignWordTextField->setEnabled(false);
     m_ui->commentTextField->setText(summary.noComments ? QString() : various);
-    m_ui->tagsTokenField->setTokens(summary.sameTags
-                                        ? m_selectedWords.first()->tagsSorted()
-                                        : QStringList{platform::localized("Vocabulary", "Various Values")});
+    m_ui->tagsTokenField->setTokens(summary.sameTags ? m_selectedWords.first()->tagsSorted()
+                                                     : QStringList{variousTag});
     enableAndShow(m_ui->dontAskAgainCheckBox, summary.allNative);
 }
 
@@ -201,6 +219,7 @@ void TAVWordPopoverController::focusSoon()
                              ? static_cast<QWidget *>(m_ui->foreignWordTextField)
                              : m_ui->commentTextField;
         first->setFocus();
+        m_keptKeys->deliverTo(first);
     });
 }
 
@@ -215,28 +234,49 @@ WordEdits::Content TAVWordPopoverController::content() const
     return content;
 }
 
+WordEdits::VariousTexts TAVWordPopoverController::variousTexts() const
+{
+    return {platform::localized("Vocabulary", "<Various Values>"),
+            platform::localized("Vocabulary", "Various Values")};
+}
+
+void TAVWordPopoverController::rememberUnsavedTexts()
+{
+    const WordEdits::Content typed = content();
+    if (!m_popup->isVisible() || !m_vocabulary || m_selectedWords.isEmpty() || typed == m_shownContent)
+        return;
+    m_shownContent = typed;
+    if (m_isInAddingMode)
+        m_document.rememberUnsavedAddition(*m_vocabulary, typed);
+    else
+        m_document.rememberUnsaved(*m_vocabulary, m_selectedWords, typed, variousTexts());
+}
+
 void TAVWordPopoverController::closeWordPanel(QObject *sender)
 {
     const bool saves = sender && (sender == m_ui->okButton || sender == m_ui->addButton);
     if (!saves) {
         m_focusTimer.reset();
+        rememberUnsavedTexts();
         if (m_delegate && m_isInAddingMode)
             m_delegate->wordPopoverDidCancelAddingWords(m_selectedWords);
         else if (m_delegate)
             m_delegate->wordPopoverDidCancelEditWords(m_selectedWords);
         m_isInAddingMode = false;
+        m_failedEdit.reset();
         return;
     }
     if (m_selectedWords.isEmpty() || !m_vocabulary)
         return;
-    if (m_selectedWords.size() > 1)
-        WordEdits::applyToMany(m_selectedWords, content(),
-                               platform::localized("Vocabulary", "<Various Values>"),
-                               platform::localized("Vocabulary", "Various Values"));
-    else if (!writeOneWord())
+    const QPointer<QWidget> focused = m_popup->focusWidget();
+    if (!save()) {
+        // The alert has taken the keyboard; without it the next Return would go to the list.
+        if (m_popup->isVisible() && focused) {
+            m_popup->activateWindow();
+            focused->setFocus();
+        }
         return;
-    if (!m_vocabulary || !saveOrStay())
-        return;
+    }
     const bool wasAdding = m_isInAddingMode;
     end();
     if (m_delegate && wasAdding)
@@ -245,30 +285,61 @@ void TAVWordPopoverController::closeWordPanel(QObject *sender)
         m_delegate->wordPopoverDidEditWords(m_selectedWords);
 }
 
-bool TAVWordPopoverController::writeOneWord()
+bool TAVWordPopoverController::save()
 {
-    const TAVWordRef word = m_selectedWords.last();
     const WordEdits::Content typed = content();
-    if (WordEdits::holdsSeveral(typed)) {
-        if (WordEdits::numberOfPairs(typed) > maxPairs) {
-            platform::services().alerts->show({platform::localized("Vocabulary", "tooManyWordsTitle"),
-                                               platform::localized("Vocabulary", "tooManyWordsMsg"),
-                                               {platform::localized("Vocabulary", "ok")}});
-            return false;
-        }
-        WordEdits::applyPairs(*m_vocabulary, word, typed);
-        return true;
+    const Change change = m_isInAddingMode ? Change::WordsAdded : Change::WordsEdited;
+    if (m_failedEdit && m_failedEdit->content == typed)
+        return m_document.commit(change, m_vocabulary).isSaved;
+    // Pairs that the failed try has made would stay beside those of this one.
+    if (m_failedEdit && WordEdits::holdsSeveral(m_failedEdit->content)) {
+        m_document.withdraw(*m_vocabulary, m_failedEdit->step);
+        m_failedEdit.reset();
     }
-    const TAVWord scratch(typed.yourWord, typed.foreignWord, typed.comment);
-    if (m_isInAddingMode && m_vocabulary->containsWordEqualTo(scratch)) {
-        m_vocabulary->removeWord(word);
-        platform::services().alerts->show({platform::localized("Vocabulary", "addDuplicateTitle"),
-                                           platform::localized("Vocabulary", "addDuplicateMsg"),
+    if (m_selectedWords.size() > 1)
+        return endTry(m_document.editWords(m_vocabulary, m_selectedWords, typed, variousTexts()), typed);
+    return saveOneWord(typed);
+}
+
+bool TAVWordPopoverController::saveOneWord(const WordEdits::Content &typed)
+{
+    if (WordEdits::numberOfPairs(typed) > maxPairs) {
+        platform::services().alerts->show({platform::localized("Vocabulary", "tooManyWordsTitle"),
+                                           platform::localized("Vocabulary", "tooManyWordsMsg"),
                                            {platform::localized("Vocabulary", "ok")}});
-    } else {
-        WordEdits::applyToWord(*word, typed);
+        return false;
     }
+    if (refuseAsDuplicate(typed))
+        return m_document.commit(Change::WordsAdded, m_vocabulary).isSaved;
+    const Change change = m_isInAddingMode ? Change::WordsAdded : Change::WordsEdited;
+    return endTry(m_document.editWord(change, m_vocabulary, m_selectedWords.last(), typed), typed);
+}
+
+bool TAVWordPopoverController::refuseAsDuplicate(const WordEdits::Content &typed)
+{
+    if (!m_isInAddingMode || WordEdits::holdsSeveral(typed))
+        return false;
+    const TAVWordRef word = m_selectedWords.last();
+    const TAVWord scratch(typed.yourWord, typed.foreignWord, typed.comment);
+    const bool isEmpty = scratch.yourWord().isEmpty() && scratch.foreignWord().isEmpty();
+    // After a failed save the word itself stands there; it is no duplicate of itself.
+    const bool isThere = m_failedEdit ? m_vocabulary->containsOtherWordEqualTo(scratch, word)
+                                      : m_vocabulary->containsWordEqualTo(scratch);
+    if (!isThere && !isEmpty)
+        return false;
+    m_document.cancelAddition(m_vocabulary, {word});
+    platform::services().alerts->show({platform::localized("Vocabulary", "addDuplicateTitle"),
+                                       platform::localized("Vocabulary", "addDuplicateMsg"),
+                                       {platform::localized("Vocabulary", "ok")}});
     return true;
+}
+
+bool TAVWordPopoverController::endTry(const EditOutcome &outcome, const WordEdits::Content &typed)
+{
+    m_shownContent = typed;
+    if (!outcome.isSaved)
+        m_failedEdit = FailedEdit{typed, outcome.step};
+    return outcome.isSaved;
 }
 
 void TAVWordPopoverController::deleteWord()
@@ -290,28 +361,30 @@ void TAVWordPopoverController::deleteWord()
         m_delegate->wordPopoverDidDeleteWords(m_selectedWords);
 }
 
-bool TAVWordPopoverController::saveOrStay()
-{
-    return m_document.commit(m_isInAddingMode ? Change::WordsAdded : Change::WordsEdited, m_vocabulary)
-        .isSaved;
-}
-
 void TAVWordPopoverController::end()
 {
     m_focusTimer.reset();
     m_isInAddingMode = false;
     m_isActive = false;
+    m_failedEdit.reset();
+    m_shownContent = content();
 }
 
 void TAVWordPopoverController::updateVocabulary(const TAVLexiconRef &vocabulary)
 {
+    if (m_isActive && m_vocabulary)
+        rememberUnsavedTexts();
     m_vocabulary = vocabulary;
     if (!m_isActive || !m_vocabulary)
         return;
+    m_failedEdit.reset();
     TAVWordList kept = WordEdits::counterparts(m_selectedWords, *m_vocabulary);
     if (kept.isEmpty() && m_isInAddingMode && m_selectedWords.size() == 1) {
         m_vocabulary->addWord(m_selectedWords.first());
         kept = m_selectedWords;
+    } else if (!kept.isEmpty()) {
+        // A word of the file is no longer in the making: a cancel must not remove it.
+        m_isInAddingMode = false;
     }
     if (kept.isEmpty()) {
         closeWordPanel(m_ui->cancelButton);
@@ -398,12 +471,15 @@ void TAVWordPopoverController::switchKeyboardTo(const platform::InputSourceRef &
         return;
     platform::InputSources *sources = platform::services().inputSources;
     m_textInputSourceBackup = sources->currentKeyboardLayoutInputSource();
+    m_hasSwitchedKeyboard = true;
     sources->selectInputSource(source);
 }
 
 void TAVWordPopoverController::switchKeyboardBack()
 {
-    // A source kept from an earlier vocabulary is none of this one's business.
-    if (m_vocabulary && m_vocabulary->isAutoSelectInputSource())
+    // What was switched for an earlier vocabulary is given back also if this one switches nothing.
+    const bool isAutomatic = m_vocabulary && m_vocabulary->isAutoSelectInputSource();
+    if (m_hasSwitchedKeyboard || isAutomatic)
         platform::services().inputSources->selectInputSource(m_textInputSourceBackup);
+    m_hasSwitchedKeyboard = false;
 }

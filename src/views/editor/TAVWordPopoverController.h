@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/WordEdits.h"
+#include "document/UndoStep.h"
 #include "model/TAVLexicon.h"
 #include "platform/Clock.h"
 #include "platform/InputSources.h"
@@ -16,9 +16,11 @@
 #include <memory>
 
 class ArrowPopup;
+class KeptKeys;
 class QKeyEvent;
 class QWidget;
 class VocabularyDocument;
+struct EditOutcome;
 
 namespace Ui {
 class TAVWordPopover;
@@ -47,9 +49,16 @@ public:
                                TAVWordPopoverDelegate *delegate);
     /** Places the panel with its arrow at the rectangle, in coordinates of the widget. Grabs nothing. */
     void showBeside(QWidget *widget, const QRect &rectangle);
-    /** Takes the panel off the screen, without any of the paths of closeWordPanel(). */
+    /**
+     * Takes the panel off the screen, without any of the paths of closeWordPanel(). What was typed and not
+     * saved can be brought back, as after a cancel.
+     */
     void hidePanel();
     bool isPanelVisible() const;
+
+    /** What is typed from now on belongs to the panel that is going to come, until it has the keyboard. */
+    void keepKeys();
+    void dropKeptKeys();
 
     /** A new vocabulary replaced the old one while the panel may be up. */
     void updateVocabulary(const TAVLexiconRef &vocabulary);
@@ -61,6 +70,8 @@ public:
     bool isActive() const { return m_isActive; }
     bool isInAddingMode() const { return m_isInAddingMode; }
     void setIsInAddingMode(bool flag) { m_isInAddingMode = flag; }
+    /** The word of the adding mode was added, and only its save failed. */
+    bool isAdditionUnsaved() const { return m_isInAddingMode && m_failedEdit; }
     const TAVWordList &selectedWords() const { return m_selectedWords; }
 
     /** What quizSelectedButton does; without it the button stays hidden. */
@@ -82,11 +93,17 @@ private:
     void showManyWords();
     void focusSoon();
     WordEdits::Content content() const;
-    /** False if nothing was written, as the panel's texts make too many words. */
-    bool writeOneWord();
+    WordEdits::VariousTexts variousTexts() const;
+    /** What was typed and is about to go can be brought back. */
+    void rememberUnsavedTexts();
+    /** False if nothing was saved: the panel stays, whatever has changed in memory. */
+    bool save();
+    bool saveOneWord(const WordEdits::Content &typed);
+    /** True if it is another word's pair, or none: the word in the making has gone then. */
+    bool refuseAsDuplicate(const WordEdits::Content &typed);
+    /** Keeps what a second try has to know. */
+    bool endTry(const EditOutcome &outcome, const WordEdits::Content &typed);
     bool handleKey(const QKeyEvent &event);
-    /** False if the save failed: the panel stays, with the changes in memory. */
-    bool saveOrStay();
     void end();
     void switchKeyboardTo(const platform::InputSourceRef &source);
     /** For a field that isn't bound to one language: switches only where both languages have their source. */
@@ -104,8 +121,18 @@ private:
     bool m_isSwitchTagsKeyboardToForeign = false;
     bool m_isSwitchCommentKeyboardToForeign = false;
     platform::InputSourceRef m_textInputSourceBackup;
+    /** The keyboard is not as the user has left it. */
+    bool m_hasSwitchedKeyboard = false;
+    std::unique_ptr<KeptKeys> m_keptKeys;
     std::function<void()> m_quizSelected;
-    /** What the panel was filled with; tells whether the user has changed anything. */
+    /** What the panel was filled with, or has saved; tells whether there is anything to lose. */
     WordEdits::Content m_shownContent;
+    /** An edit that stands in memory, but whose save failed. */
+    struct FailedEdit
+    {
+        WordEdits::Content content;
+        UndoStep step;
+    };
+    std::optional<FailedEdit> m_failedEdit;
     std::unique_ptr<platform::Timer> m_focusTimer;
 };

@@ -83,6 +83,16 @@ TEST_F(KeyboardTest, PanelThatClosesGivesTheKeyboardBackAndTakesItAgain)
     }
 }
 
+TEST_F(KeyboardTest, ANewVocabularyThatSwitchesNothingStillGivesTheKeyboardBack)
+{
+    vocabulary->setForeignTextInputSourceId(u"it"_s);
+    edit({dog});
+    ASSERT_EQ(services.inputSources.current->id, u"it"_s);
+    editor->updateVocabulary(makeVocabulary({makeWord({u"dog"_s, u"cane"_s})}));
+    editor->hidePanel();
+    EXPECT_EQ(services.inputSources.current->id, u"us"_s);
+}
+
 TEST_F(KeyboardTest, SecondFocusWithoutAnEndOverwritesWhatToGoBackTo)
 {
     vocabulary->setForeignTextInputSourceId(u"it"_s);

@@ -1,5 +1,8 @@
 #include "WordEditorTest.h"
 
+#include <QClipboard>
+#include <QTest>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -332,6 +335,114 @@ TEST_F(WordSavingTest, FailedSaveKeepsThePanelAndItsState)
     EXPECT_TRUE(editor->isActive());
     EXPECT_FALSE(vocabulary->allWords().contains(dog));
     EXPECT_TRUE(takeMessages().isEmpty());
+}
+
+TEST_F(WordSavingTest, ASecondTryAfterAFailedSaveGoesOnWithTheSameWord)
+{
+    const QString name = vocabulary->foreignLanguageName();
+    const auto setSaveFails = [&](bool fails) {
+        vocabulary->setForeignLanguageName(fails ? u"../Italian"_s : name);
+    };
+    const auto addTyped = [&](const QString &yourWord, const QString &foreignWord) {
+        add();
+        yours()->setText(yourWord);
+        foreign()->setText(foreignWord);
+        setSaveFails(true);
+        click("addButton");
+        setSaveFails(false);
+        services.alerts.shown.clear();
+        EXPECT_TRUE(editor->isPanelVisible());
+        EXPECT_TRUE(popup->isActiveWindow()) << "the next Return belongs to the panel";
+    };
+    // The same again, with other texts, as a duplicate of another word, emptied; and pairs in each way.
+    const struct
+    {
+        const char *first;
+        const char *second;
+        const char *expected;
+        bool isRefused;
+    } tries[] = {
+        {"gatto", "gatto", "bread-pane cat-gatto dog-cane house-casa water-acqua", false},
+        {"gatto", "gatta", "bread-pane cat-gatta dog-cane house-casa water-acqua", false},
+        {"gatto", "@", all, false},
+        {"gatto@gatta", "gatto@gatta", "bread-pane cat-gatta cat-gatto dog-cane house-casa water-acqua",
+         false},
+        {"gatto@gatta", "micio@gatta", "bread-pane cat-gatta cat-micio dog-cane house-casa water-acqua",
+         false},
+        {"gatto@gatta", "micio", "bread-pane cat-micio dog-cane house-casa water-acqua", false},
+    };
+    for (const auto &each : tries) {
+        SCOPED_TRACE(each.second);
+        addTyped(u"cat"_s, QLatin1String(each.first));
+        foreign()->setText(QLatin1String(each.second));
+        click("addButton");
+        EXPECT_EQ(services.alerts.shown.size(), each.isRefused ? 1 : 0);
+        EXPECT_EQ(savedPairs(), QLatin1String(each.expected));
+        EXPECT_EQ(takeMessages(), u"added:1"_s);
+        TAVWordList cats = vocabulary->allWords();
+        cats.removeIf([](const TAVWordRef &word) { return word->yourWord() != u"cat"_s; });
+        vocabulary->removeWords(cats);
+    }
+    for (const auto &[yourWord, foreignWord] : {std::pair{u"dog"_s, u"cane"_s}, std::pair{u""_s, u""_s}}) {
+        addTyped(u"cat"_s, u"gatto"_s);
+        yours()->setText(yourWord);
+        foreign()->setText(foreignWord);
+        click("addButton");
+        EXPECT_EQ(services.alerts.shown.size(), 1) << "refused as ever";
+        EXPECT_EQ(savedPairs(), QLatin1String(all));
+        takeMessages();
+    }
+    edit({dog});
+    foreign()->setText(u"cane@cagna"_s);
+    setSaveFails(true);
+    click("okButton");
+    click("okButton");
+    setSaveFails(false);
+    click("okButton");
+    EXPECT_EQ(savedPairs(), u"bread-pane dog-cagna dog-cane house-casa water-acqua"_s);
+}
+
+TEST_F(WordSavingTest, AWordWhoseDeletionFailedComesBackWithItsEdit)
+{
+    edit({dog});
+    const QString name = vocabulary->foreignLanguageName();
+    vocabulary->setForeignLanguageName(u"../Italian"_s);
+    click("deleteButton");
+    vocabulary->setForeignLanguageName(name);
+    foreign()->setText(u"cagna"_s);
+    click("okButton");
+    EXPECT_EQ(savedPairs(), u"bread-pane dog-cagna house-casa water-acqua"_s);
+}
+
+TEST_F(WordSavingTest, WhatIsTypedIntoVariousValuesTakesTheirPlace)
+{
+    dog->setComment(u"animal"_s);
+    const QString various = u"‹Various values›"_s;
+    const QList<std::pair<std::function<void()>, QString>> ways = {
+        {[this] { QTest::keyClicks(comment(), u"x"_s); }, u"x"_s},
+        {[this] {
+             comment()->cursorBackward(false);
+             QTest::keyClicks(comment(), u"s"_s);
+         },
+         u"s"_s},
+        {[this] { QTest::keyClick(comment(), Qt::Key_Backspace); }, QString()},
+        {[this] {
+             QApplication::clipboard()->setText(u"two words"_s);
+             comment()->setCursorPosition(4);
+             comment()->paste();
+         },
+         u"two words"_s},
+    };
+    for (const auto &[act, expected] : ways) {
+        edit({dog, house});
+        comment()->setFocus();
+        ASSERT_EQ(comment()->text(), various);
+        comment()->end(false);
+        act();
+        EXPECT_EQ(comment()->text(), expected);
+    }
+    QTest::keyClicks(comment(), u"!"_s);
+    EXPECT_EQ(comment()->text(), u"two words!"_s);
 }
 
 TEST_F(WordSavingTest, CancelWritesNothingAndLeavesIsActive)
