@@ -3,7 +3,7 @@
 packages_build=(
     build-essential ccache cmake ninja-build pkg-config
     qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-svg-dev
-    libbz2-dev libicu-dev libplist-dev libxcb1-dev libxcb-xkb-dev
+    libbz2-dev libicu-dev libplist-dev libxcb1-dev libxcb-screensaver0-dev libxcb-xkb-dev
 )
 packages_run=("${packages_build[@]}" qt6-qpa-plugins libqt6svg6 fonts-dejavu-core)
 packages_test=("${packages_run[@]}" dbus libgtest-dev openbox python3 x11-xkb-utils xauth xvfb)

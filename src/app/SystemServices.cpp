@@ -1,6 +1,7 @@
 #include "app/SystemServices.h"
 
 #include "platform/desktop/SystemDesktop.h"
+#include "platform/desktop/SystemIdleTime.h"
 #include "platform/desktop/SystemInputSources.h"
 
 namespace {
@@ -28,6 +29,7 @@ SystemServices::SystemServices()
     , m_deviceRegistry(platform::makeSystemDeviceRegistry())
     , m_inputSources(std::make_unique<platform::InputSources>())
     , m_desktop(platform::makeSystemDesktop())
+    , m_idleTime(platform::makeSystemIdleTime())
 {
     platform::Services services;
     services.clock = m_clock.get();
@@ -45,6 +47,7 @@ SystemServices::SystemServices()
     services.http = m_http.get();
     services.keyring = &m_keyring;
     services.deviceRegistry = m_deviceRegistry.get();
+    services.idleTime = m_idleTime.get();
     platform::installServices(services);
     // Needs the clock and the queues to be installed.
     m_inputSources = platform::makeSystemInputSources();

@@ -34,4 +34,5 @@ private:
     platform::AlertDialogs m_alerts{m_mainDispatcher};
     std::unique_ptr<platform::InputSources> m_inputSources;
     std::unique_ptr<platform::Desktop> m_desktop;
+    std::unique_ptr<platform::IdleTime> m_idleTime;
 };

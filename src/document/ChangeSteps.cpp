@@ -70,6 +70,7 @@ const Row rows[] = {
      everything,
      {Steps(Flag, Mark, Save), Steps(RequestSync)},
      "VocController > undoDeletion > could not save voc"},
+    {Change::DecisionTaken, levels, {Steps(Flag)}},
     {Change::AnswerTyped, levels, {Steps(Flag, Mark, Save)}},
     {Change::TypingRunEnded, levels, {Steps(Mark, Save, RequestSync)}},
     {Change::CardBooked, levels, {Steps(Flag, Mark, Save)}},

@@ -21,6 +21,9 @@ enum class Change {
 
     // Of a quiz
 
+    /** What the user had decided about an answer has changed its word; the end of a run alone flags nothing.
+     */
+    DecisionTaken,
     AnswerTyped,
     TypingRunEnded,
     CardBooked,

@@ -23,6 +23,18 @@ public:
     virtual void raiseAboveAll(quintptr windowId) { Q_UNUSED(windowId) }
     /** Whether raiseAboveAll() and a window's position can be relied on here. */
     virtual bool canRaiseAboveAll() const { return false; }
+    /** Whether this window of the program stands on a virtual desktop that the user doesn't see at present.
+     */
+    virtual bool isOnAnotherDesktop(quintptr windowId)
+    {
+        Q_UNUSED(windowId)
+        return false;
+    }
+    /**
+     * Whether the repeats of a key that is held down can come as a release and a press of their own here,
+     * which then bear the same time.
+     */
+    virtual bool sendsRepeatsAsPresses() const { return false; }
     /** Shows the user a message; chosen runs on the main thread, not under an alert, once the user clicks it.
      */
     virtual void notify(const QString &title, const QString &text, const std::function<void()> &chosen)

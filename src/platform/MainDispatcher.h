@@ -47,14 +47,21 @@ public:
     void runWaiting();
 
     bool isGateClosed() const { return m_closings > 0; }
+    /** So whoever waits for something can tell whether an alert has come in between. */
+    quint64 timesClosed() const { return m_timesClosed; }
 
 private:
     friend class ClosedGate;
-    void closeGate() { ++m_closings; }
+    void closeGate()
+    {
+        ++m_closings;
+        ++m_timesClosed;
+    }
     void openGate();
 
     Dispatcher m_inbox;
     int m_closings = 0;
+    quint64 m_timesClosed = 0;
     std::deque<std::shared_ptr<Call>> m_waiting;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/DeviceRegistry.h"
 #include "platform/Folders.h"
 #include "platform/Http.h"
+#include "platform/IdleTime.h"
 #include "platform/InputSources.h"
 #include "platform/Keyring.h"
 #include "platform/MainDispatcher.h"
@@ -36,6 +37,7 @@ struct Services
     Http *http = nullptr;
     Keyring *keyring = nullptr;
     DeviceRegistry *deviceRegistry = nullptr;
+    IdleTime *idleTime = nullptr;
 };
 
 /**

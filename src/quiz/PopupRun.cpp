@@ -2,15 +2,20 @@
 
 void PopupRun::begin()
 {
+    savePendingAnswer();
     reset();
+    m_isPostponed = false;
     m_isRunning = true;
     m_hasCreatedCorrectWordsToAsk = true;
-    m_hasPendingAnswer = false;
 }
 
 bool PopupRun::ask()
 {
     dropDecisions();
+    if (std::exchange(m_isPostponed, false)) {
+        m_askedWordOriginLevel = askedWord()->level();
+        return true;
+    }
     if (!m_hasCreatedCorrectWordsToAsk) {
         m_quiz.setNumberOfWordsToAsk(wordsOfAList);
         m_quiz.createWordsToAsk();
@@ -57,8 +62,19 @@ void PopupRun::leave()
     savePendingAnswer();
     m_isRunning = false;
     m_hasCreatedCorrectWordsToAsk = false;
+    m_isPostponed = false;
     m_askedWord.reset();
     m_lastWord.reset();
+}
+
+RunProgress PopupRun::questionProgress() const
+{
+    RunProgress progress;
+    progress.total = m_quiz.numberOfWordsToAsk();
+    // The answer with a synonym that is none of the run doesn't count.
+    progress.reached = std::max<qint64>(numberOfAnswers() + (askedWord() ? 1 : 0), 1);
+    progress.correct = m_counts.correct;
+    return progress;
 }
 
 RunResult PopupRun::result() const

@@ -13,14 +13,20 @@ public:
 
     using TypedRun::TypedRun;
 
-    /** Makes the run ready; the first word comes with the first ask(). */
+    /** Writes what is pending, and makes the run ready; the first word comes with the first ask(). */
     void begin() override;
     bool isRunning() const { return m_isRunning; }
     /**
-     * Asks the next word and drops the decisions about the last. Makes a new list if there is none. False if
-     * all words are answered.
+     * Asks the next word, or once more one that was put off, and drops the decisions about the last. Makes a
+     * new list if there is none. False if all words are answered.
      */
     bool ask();
+    /** Puts the question off: the next ask() brings the same word, the same way round. */
+    void postpone() { m_isPostponed = askedWord() != nullptr; }
+    /** Whether a question waits for its answer, and isn't put off. */
+    bool isAsking() const { return askedWord() && !m_isPostponed; }
+    /** Reached is the question that stands, is put off or was answered last. */
+    RunProgress questionProgress() const;
     /** The word on the panel: the asked one, or after an answer the judged one. Absent without a run. */
     const TAVWordRef &currentWord() const { return askedWord() ? askedWord() : m_lastWord; }
     /** Judges the answer, which is pending from then on. */
@@ -43,5 +49,6 @@ private:
     bool m_isRunning = false;
     bool m_hasCreatedCorrectWordsToAsk = false;
     bool m_hasPendingAnswer = false;
+    bool m_isPostponed = false;
     quint64 m_askedWordOriginLevel = 0;
 };

@@ -49,10 +49,17 @@ const QString &QuizRun::expectedText(const TAVWord &word) const
 
 void QuizRun::takeExclusion(const TAVWordRef &word)
 {
-    if (!std::exchange(m_isExcluded, false) || !word)
+    if (!std::exchange(m_isExcluded, false) || !word || word->dontAskAgain())
         return;
     word->setDontAskAgain(true);
     vocabulary()->invalidateCachedWordLists();
+    commit(Change::DecisionTaken);
+}
+
+TAVWordList QuizRun::goneWords(TAVWordList words) const
+{
+    words.removeIf([this](const TAVWordRef &word) { return vocabulary()->allWords().contains(word); });
+    return words;
 }
 
 void QuizRun::forgetWords(const TAVWordList &words)

@@ -70,6 +70,8 @@ public:
 
     /** The user doesn't want to be asked this word any more. Takes effect with the next step. */
     void setIsExcluded(bool flag) { m_isExcluded = flag; }
+    /** Of these words those that the run's vocabulary holds no more, as when an edit made several of one. */
+    TAVWordList goneWords(TAVWordList words) const;
     /** Words were deleted: leaves them out of this run and of its next round. */
     void forgetWords(const TAVWordList &words);
 

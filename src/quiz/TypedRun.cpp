@@ -75,6 +75,7 @@ void TypedRun::overrule()
     vocabulary()->answeredWord(m_lastWord, 1);
     ++m_counts.correct;
     m_wrongAnsweredWords.removeAll(m_lastWord);
+    commit(Change::DecisionTaken);
 }
 
 ShownLevels TypedRun::shownLevels() const

@@ -8,6 +8,8 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <QSlider>
+#include <QTest>
 #include <QToolButton>
 
 namespace {
@@ -120,6 +122,70 @@ TEST_F(ProgramTest, EachKindOfQuizCanBeStarted)
         EXPECT_EQ(view->currentPage(), pages[mode]);
     }
     EXPECT_FALSE(control<QToolButton>("showQuiz")->isEnabled()) << "the popup quiz has reached the window";
+}
+
+TEST_F(ProgramTest, NoControlOfAHiddenPageTakesTheKeyboard)
+{
+    makeLanguage();
+    const auto click = [this](const char *button) { control<QAbstractButton>(button)->click(); };
+    const auto wait = [this](double seconds) { services.clock.advanceSeconds(seconds); };
+    const auto openQuiz = [=] {
+        click("showQuiz");
+        wait(1);
+    };
+    const auto startQuiz = [=, this](int mode) {
+        openQuiz();
+        control<SegmentControl>("quizModeSegmentControl")->setSelectedSegment(mode);
+        click("quizStartQuizButton");
+    };
+    const auto onCards = [this](const char *name) {
+        return findControl<QAbstractButton>(window()->findChild<QWidget *>(u"flashCardPage"_qs), name);
+    };
+    control<QSlider>("flipTimeoutSlider")->setValue(0);
+    const struct
+    {
+        const char *moment;
+        std::function<void()> reach;
+        qint64 answers;
+    } cases[] = {
+        {"the page is built once more", [=] { click("showQuiz"); }, 0},
+        {"the run is about to start", [=] { startQuiz(0); }, 0},
+        {"the card flips at the start", [=] { startQuiz(0), wait(0.5); }, 0},
+        {"the field gets the keyboard", [=] { startQuiz(0), wait(1.1); }, 0},
+        {"a step is pending", [=] { startQuiz(0), wait(2), click("nextButton"), wait(0.1); }, 1},
+        {"the card flips", [=] { startQuiz(0), wait(2), click("nextButton"), wait(0.5); }, 1},
+        {"cards are about to start", [=] { startQuiz(1); }, 0},
+        {"a mark is pending",
+         [=] {
+             startQuiz(1), wait(2), onCards("showAnswerButton")->click(), wait(1);
+             onCards("wrongButton")->click();
+         },
+         1},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.moment);
+        c.reach();
+        click("showVocabulary");
+        window()->activateWindow();
+        processEvents();
+        auto *search = control<QLineEdit>("searchField");
+        search->clear();
+        search->setFocus();
+        ASSERT_TRUE(search->hasFocus());
+        wait(0.15);
+        QTest::keyClicks(QApplication::focusWidget(), u"u"_qs);
+        wait(2);
+        processEvents();
+        EXPECT_TRUE(search->hasFocus());
+        QTest::keyClicks(QApplication::focusWidget(), u"n "_qs);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        wait(2);
+        EXPECT_EQ(search->text(), u"un "_qs);
+        const bool areCards = window()->findChild<QuizView *>()->currentPage() == QuizView::flashCardPage;
+        const QuizRun &run = areCards ? static_cast<const QuizRun &>(program.flashCardQuiz().run())
+                                      : program.typingQuiz().run();
+        EXPECT_EQ(run.numberOfAnswers(), c.answers) << "only what the user did";
+    }
 }
 
 TEST_F(ProgramTest, TheQuizPageFollowsTheSelectionAndTheSync)

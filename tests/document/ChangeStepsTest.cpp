@@ -129,6 +129,7 @@ const QList<Case> cases = {
      {u"flag mark save*"_s, u"sync"_s},
      u"flag mark"_s,
      u"VocController > undoDeletion > could not save voc"_s},
+    {Change::DecisionTaken, {u"flag"_s}, u"flag"_s},
     {Change::AnswerTyped, {u"flag mark save*"_s}, u"flag mark"_s},
     {Change::TypingRunEnded, {u"mark save sync"_s}, u"mark sync"_s},
     {Change::CardBooked, {u"flag mark save*"_s}, u"flag mark"_s},

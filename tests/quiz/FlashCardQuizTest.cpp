@@ -130,6 +130,84 @@ TEST_F(FlashCardQuizTest, TheSecondMarkReplacesTheFirstAndIsBookedOnce)
     EXPECT_EQ(m_cards.run().numberOfAnswers(), 1);
 }
 
+TEST_F(FlashCardQuizTest, AMarkThatComesAfterTheLastWordWasBookedDoesNothing)
+{
+    for (const char *mark : {"correctButton", "wrongButton"}) {
+        startCards({m_words.add("Hund", "dog", 2)});
+        clickCard();
+        press(Qt::Key_Space);
+        on<QPushButton>(card, mark)->click();
+        pass();
+        EXPECT_EQ(m_cards.run().numberOfSkipped(), 1);
+        EXPECT_EQ(m_cards.run().numberOfAnswers(), 1);
+        EXPECT_EQ(m_view.currentPage(), result);
+    }
+    // The next question is chosen, but the card still shows the last one.
+    startCards(threeWords());
+    clickCard();
+    press(Qt::Key_Space);
+    on<QPushButton>(card, "correctButton")->click();
+    pass();
+    EXPECT_FALSE(m_cards.isShowingSolution());
+}
+
+TEST_F(FlashCardQuizTest, SpaceAndArrowsBelongToAFocusedControl)
+{
+    const struct
+    {
+        const char *control;
+        Qt::Key key;
+        std::function<bool()> isDone;
+    } cases[] = {
+        {"flipTimeoutSlider", Qt::Key_Right,
+         [this] { return on<QSlider>(card, "flipTimeoutSlider")->value() == 1; }},
+        {"flipTimeoutSlider", Qt::Key_Left,
+         [this] { return on<QSlider>(card, "flipTimeoutSlider")->value() == 0; }},
+        {"correctButton", Qt::Key_Left, [this] { return hasFocus(card, "wrongButton"); }},
+        {"correctButton", Qt::Key_Space,
+         [this] { return on<QPushButton>(card, "correctButton")->isChecked(); }},
+        {"stopButton", Qt::Key_Space,
+         [this] {
+             pass();
+             return m_view.currentPage() == result;
+         }},
+    };
+    startCards({m_words.add("Hund", "dog", 2)});
+    QTest::mouseClick(on<QWidget>(card, "showAnswerButton"), Qt::LeftButton);
+    EXPECT_TRUE(m_view.page(card)->hasFocus()) << "the arrows are the marks'";
+    for (const auto &[control, key, isDone] : cases) {
+        SCOPED_TRACE(control);
+        on<QWidget>(card, control)->setFocus();
+        QTest::keyClick(on<QWidget>(card, control), key);
+        EXPECT_TRUE(isDone());
+    }
+    EXPECT_EQ(m_cards.run().numberOfCorrect(), 1) << "the mark alone";
+}
+
+TEST_F(FlashCardQuizTest, AutoplayPausesWhileTheWindowIsOnAnotherDesktop)
+{
+    setSpeed(2);
+    const TAVWordList words = threeWords();
+    m_view.showPage(card);
+    startCards(words);
+    services.desktop.isAway = true;
+    services.clock.advanceSeconds(60);
+    EXPECT_FALSE(m_cards.isShowingSolution());
+    services.desktop.isAway = false;
+    wait(2900);
+    EXPECT_FALSE(m_cards.isShowingSolution()) << "it has its whole time again";
+    wait(600);
+    EXPECT_TRUE(m_cards.isShowingSolution());
+    services.desktop.isAway = true;
+    services.clock.advanceSeconds(60);
+    EXPECT_EQ(m_cards.run().numberOfAnswers(), 0);
+    press(Qt::Key_P);
+    EXPECT_FALSE(m_cards.isAutoPlay());
+    services.desktop.isAway = false;
+    services.clock.advanceSeconds(60);
+    EXPECT_EQ(m_cards.run().numberOfAnswers(), 0);
+}
+
 TEST_F(FlashCardQuizTest, AutoplayKeepsItsPaceAndStopsBeforeTheResult)
 {
     setSpeed(2);
@@ -200,6 +278,30 @@ TEST_F(FlashCardQuizTest, NothingIsBookedUnseenWhereverTheUserGoes)
     EXPECT_EQ(m_cards.run().numberOfAnswers(), 0);
 }
 
+TEST_F(FlashCardQuizTest, AMarkIsBookedThoughItsPageIsLeft)
+{
+    const std::function<void()> ways[] = {[this] { m_view.close(); }, [this] { m_setup.showQuiz(); },
+                                          [this] {
+                                              m_setup.setLearnController(&m_cards);
+                                              m_setup.showQuiz();
+                                              m_setup.startQuiz();
+                                          }};
+    for (const auto &leave : ways) {
+        const TAVWordRef word = m_words.add("Hund", "dog", 2);
+        startCards({word, m_words.add("Katze", "cat", 2)});
+        clickCard();
+        press(Qt::Key_C);
+        leave();
+        pass();
+        EXPECT_EQ(word->level(), 3);
+        EXPECT_EQ(m_cards.run().numberOfAnswers(), 1);
+        EXPECT_FALSE(m_view.page(card)->hasFocus());
+        m_view.show();
+        m_view.activateWindow();
+        processEvents();
+    }
+}
+
 TEST_F(FlashCardQuizTest, TheCountdownAsksTheSameWordsAgainUnlessItIsStopped)
 {
     const TAVWordList words = threeWords();
@@ -235,6 +337,26 @@ TEST_F(FlashCardQuizTest, TheCountdownAsksTheSameWordsAgainUnlessItIsStopped)
     EXPECT_FALSE(shows("deletedImageView")) << "the next word is there";
     EXPECT_NE(m_cards.currentWord(), deleted);
     EXPECT_FALSE(m_cards.wordsToAsk().contains(deleted));
+}
+
+TEST_F(FlashCardQuizTest, OfAWordThatAnEditMadeSeveralOfNothingIsBooked)
+{
+    const TAVWordList words = threeWords();
+    startCards({words[0], words[1]});
+    for (const TAVWordRef &word : {words[0], words[1]}) {
+        clickCard();
+        press(Qt::Key_X);
+        m_words.vocabulary->removeWord(word);
+        m_cards.wordPopoverDidEditWords({word});
+        EXPECT_TRUE(shows("deletedImageView"));
+        EXPECT_FALSE(m_cards.wordsToAsk().contains(word));
+        pass();
+        EXPECT_FALSE(m_cards.isShowingSolution());
+        EXPECT_FALSE(word->lastAsked().isValid());
+    }
+    EXPECT_EQ(m_cards.run().numberOfAnswers(), 0);
+    EXPECT_EQ(m_recorder.take(), QStringLiteral("sync, saved; event 1, saved"));
+    EXPECT_EQ(m_view.currentPage(), result);
 }
 
 TEST_F(FlashCardQuizTest, StoppingBooksTheLastMarkAndWrongWordsComeAgainInTheirOrder)

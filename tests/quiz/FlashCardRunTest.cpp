@@ -70,6 +70,7 @@ TEST_F(FlashCardRunTest, TheEndBooksALastCardOnlyIfItIsMarked)
         EXPECT_TRUE(m_run.offersExclusion());
         m_run.setIsExcluded(true);
         m_run.end(c.mark);
+        EXPECT_TRUE(m_words.vocabulary->needsSync()) << "a word was excluded";
         EXPECT_EQ(m_recorder.take(), QLatin1String(c.changes));
         EXPECT_TRUE(words[0]->dontAskAgain());
         EXPECT_FALSE(m_words.vocabulary->nativeWithoutDontAsk().contains(words[0]));

@@ -1,4 +1,5 @@
 #include "quiz/QuizFormsTest.h"
+#include "quiz/forms/SegmentControl.h"
 #include "quiz/forms/TAVPopupQuizController.h"
 #include "widgets/TAVCardView.h"
 #include "widgets/TAVPieChart.h"
@@ -6,6 +7,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSpinBox>
 #include <QStackedWidget>
 
@@ -129,6 +131,188 @@ TEST_F(PopupQuizTest, EveryWayOutUnlocksTheWindowAndLosesNoAnswer)
     EXPECT_EQ(tab(), 2);
 }
 
+TEST_F(PopupQuizTest, LaterBringsTheSameQuestionAgainAndNothingIsBooked)
+{
+    const TAVWordList words = twoWords();
+    for (const bool byKey : {false, true}) {
+        prepare(m_popup, words, {true, true});
+        services.random.script = {1};
+        m_popup.startQuiz();
+        m_recorder.restart();
+        for (int round = 0; round < 3; ++round) {
+            EXPECT_EQ(shown("questionTextField"), QStringLiteral("cat"));
+            EXPECT_EQ(shown("questionProgressLabel"), QStringLiteral("1 of 2"));
+            panel<QLineEdit>("answerTextField")->setText(QStringLiteral("Ka"));
+            services.random.script = {0};
+            if (byKey)
+                QTest::keyClick(panel<QLineEdit>("answerTextField"), Qt::Key_Escape);
+            else
+                panel<QPushButton>("laterButton")->click();
+            EXPECT_FALSE(isInSight());
+            EXPECT_EQ(services.desktop.activated.size(), 1);
+            services.desktop.activated.clear();
+            m_popup.checkWord();
+            services.clock.advanceSeconds(5 * 60 - 1);
+            EXPECT_FALSE(isInSight());
+            services.clock.advanceSeconds(1);
+            EXPECT_TRUE(isInSight());
+            EXPECT_EQ(panel<QLineEdit>("answerTextField")->text(), QString());
+        }
+        EXPECT_EQ(m_recorder.take(), QString());
+        EXPECT_EQ(m_popup.run().numberOfAnswers(), 0);
+        EXPECT_EQ(m_popup.askIndex(), 0);
+        services.random.script.clear();
+
+        // A verdict is no question: Escape goes on, and books it.
+        check("Katze");
+        QTest::keyClick(panel<QPushButton>("nextButton"), Qt::Key_Escape);
+        EXPECT_FALSE(isInSight());
+        EXPECT_EQ(m_recorder.take(), QStringLiteral("flagged, mark, saved"));
+        services.desktop.activated.clear();
+        services.clock.advanceSeconds(5 * 60);
+        EXPECT_EQ(m_popup.askIndex(), 1);
+        m_popup.later();
+        m_popup.stopQuiz();
+        EXPECT_EQ(shown("statisticsCorrect"), QStringLiteral("1 / 1"));
+        m_popup.quizWindow()->close();
+        services.desktop.activated.clear();
+        words[0]->setLevel(2);
+    }
+}
+
+TEST_F(PopupQuizTest, TheQuestionWaitsUntilTheUserHasStoppedTyping)
+{
+    using namespace std::chrono_literals;
+    const struct
+    {
+        std::optional<std::chrono::milliseconds> idle;
+        int comesAfter;
+        bool takesKeys;
+    } cases[] = {
+        {1h, 0, true}, {1500ms, 0, true}, {1400ms, 100, true}, {0ms, 5000, false}, {std::nullopt, 0, false}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.comesAfter);
+        services.idleTime.idle = 0ms;
+        startPopup(twoWords());
+        EXPECT_TRUE(isInSight()) << "the user has just started it";
+        check("cat");
+        goOn();
+        services.desktop.frontmost = 1;
+        services.clock.advance(5min - 1ms);
+        services.idleTime.idle = c.idle;
+        EXPECT_FALSE(isInSight());
+        services.clock.advance(1ms);
+        if (c.comesAfter > 0) {
+            services.clock.advance(std::chrono::milliseconds(c.comesAfter - 1));
+            EXPECT_FALSE(isInSight());
+            // Typing goes on, or has stopped.
+            if (c.idle > 0ms)
+                services.idleTime.idle = 1500ms;
+            services.desktop.frontmost = 2;
+            services.clock.advance(1ms);
+        }
+        EXPECT_TRUE(isInSight());
+        auto *field = panel<QLineEdit>("answerTextField");
+        const auto typeMouse = [field] {
+            QTest::keyClicks(field, QStringLiteral("mouse"));
+            QTest::keyClick(field, Qt::Key_Return);
+        };
+        services.clock.advance(799ms);
+        typeMouse();
+        EXPECT_EQ(m_popup.run().numberOfCorrect(), c.takesKeys ? 2 : 1);
+        EXPECT_EQ(m_popup.run().numberOfAnswers(), c.takesKeys ? 2 : 1);
+        if (!c.takesKeys) {
+            services.clock.advance(1ms);
+            typeMouse();
+            EXPECT_EQ(m_popup.run().numberOfCorrect(), 2);
+        }
+        services.desktop.activated.clear();
+        goOn();
+        EXPECT_EQ(services.desktop.activated.value(0), c.comesAfter > 0 ? 2u : 1u);
+        m_popup.quizWindow()->close();
+    }
+}
+
+TEST_F(PopupQuizTest, WhatEndsOrRestartsTheTimerEndsTheWaitForAPauseToo)
+{
+    const std::function<void()> ways[] = {
+        [this] { m_popup.updateInterval(2); },
+        [this] { m_popup.quizWindow()->close(); },
+        [this] {
+            m_popup.stopQuiz();
+            m_popup.close();
+        },
+    };
+    for (const auto &way : ways) {
+        services.idleTime.idle = std::chrono::milliseconds(0);
+        startPopup(twoWords());
+        m_popup.updateInterval(5);
+        check("cat");
+        goOn();
+        services.clock.advanceSeconds(5 * 60 + 3);
+        EXPECT_FALSE(isInSight());
+        way();
+        services.clock.advanceSeconds(100);
+        EXPECT_FALSE(isInSight());
+        m_popup.quizWindow()->close();
+    }
+}
+
+TEST_F(PopupQuizTest, ALineTellsOfTheRunAndEndsItWhileThatGoesOn)
+{
+    const auto line = [this] {
+        auto *widget = findControl<QWidget>(&m_view, "popupLine");
+        return widget->isVisible() ? findControl<QLabel>(widget, "popupLineLabel")->text() : QString();
+    };
+    m_setup.showQuiz();
+    EXPECT_EQ(line(), QString());
+    startPopup({m_words.add("Hund", "dog"), m_words.add("Katze", "cat"), m_words.add("Maus", "mouse")});
+    EXPECT_EQ(line(), QStringLiteral("Popup quiz: 1 of 3"));
+    check("dog");
+    EXPECT_EQ(shown("answerProgressLabel"), QStringLiteral("1 of 3"));
+    goOn();
+    EXPECT_EQ(line(), QStringLiteral("Popup quiz: 1 of 3"));
+    services.clock.advanceSeconds(5 * 60);
+    EXPECT_EQ(shown("questionProgressLabel"), QStringLiteral("2 of 3"));
+    EXPECT_EQ(line(), QStringLiteral("Popup quiz: 2 of 3"));
+    // The program was started once more, which brings the setup page.
+    m_setup.showQuiz();
+    EXPECT_EQ(line(), QStringLiteral("Popup quiz: 2 of 3"));
+    m_view.showPage(QuizView::typingQuizPage);
+    EXPECT_EQ(line(), QString());
+    m_setup.showQuiz();
+    findControl<QPushButton>(&m_view, "popupLineEndButton")->click();
+    EXPECT_EQ(tab(), 2);
+    EXPECT_EQ(line(), QString());
+    EXPECT_FALSE(m_hub.isLocked);
+}
+
+TEST_F(PopupQuizTest, AnotherRunSavesTheVerdictOnTheScreenWithItsBoxesFirst)
+{
+    const TAVWordRef word = m_words.add("Katze", "cat", 3);
+    startPopup({word, m_words.add("Maus", "mouse")});
+    check("x");
+    panel<QCheckBox>("iKnewItCheckBox")->click();
+    const TAVLexiconRef old = m_words.vocabulary;
+    const QString oldPath = m_recorder.path();
+    // After a second start of the program the setup page is there, for another language by now.
+    m_words = QuizWords();
+    m_words.vocabulary->setForeignLanguageName(QStringLiteral("Greek"));
+    m_words.add("Hund", "dog");
+    m_recorder.current = m_words.vocabulary;
+    m_setup.setPopupQuizController(&m_popup);
+    on<SegmentControl>(QuizView::setupPage, "quizModeSegmentControl")->setSelectedSegment(2);
+    m_setup.showQuiz();
+    m_setup.startQuiz();
+    EXPECT_EQ(word->level(), 4);
+    EXPECT_TRUE(old->needsSync());
+    EXPECT_EQ(TAVStorageManager::vocabularyFromFile(oldPath)->wordsOfLevel(4).size(), 1);
+    EXPECT_FALSE(isInSight() || m_hub.isLocked) << "nothing is asked of the old run any more";
+    pass();
+    EXPECT_EQ(shown("questionTextField"), QStringLiteral("Hund"));
+    EXPECT_TRUE(m_hub.isLocked);
+}
+
 TEST_F(PopupQuizTest, WhatAVerdictAndAnOverruleShow)
 {
     const struct
@@ -204,14 +388,24 @@ TEST_F(PopupQuizTest, ADeletedWordOffersNothingAndTheNextQuestionComesWithoutIts
     EXPECT_FALSE(knewIt->isChecked());
 }
 
-TEST_F(PopupQuizTest, ADeletedWordCanNoLongerBeExcluded)
+TEST_F(PopupQuizTest, AWordThatIsGoneCanNoLongerBeExcluded)
 {
-    startPopup(twoWords(5));
-    check("cat");
-    auto *box = panel<QCheckBox>("dontAskAgainCheckBox");
-    ASSERT_TRUE(box->isEnabled());
-    m_popup.wordPopoverDidDeleteWords({m_popup.currentWord()});
-    EXPECT_FALSE(box->isEnabled());
+    for (const bool isEdited : {false, true}) {
+        startPopup(twoWords(5));
+        check("cat");
+        auto *box = panel<QCheckBox>("dontAskAgainCheckBox");
+        ASSERT_TRUE(box->isEnabled());
+        const TAVWordRef word = m_popup.currentWord();
+        m_words.vocabulary->removeWord(word);
+        // An edit can make several words of one, which then is none of them.
+        if (isEdited)
+            m_popup.wordPopoverDidEditWords({word});
+        else
+            m_popup.wordPopoverDidDeleteWords({word});
+        EXPECT_FALSE(box->isEnabled() || panel<QWidget>("editButton")->isEnabled());
+        EXPECT_FALSE(m_popup.wordsToAsk().contains(word));
+        m_popup.quizWindow()->close();
+    }
 }
 
 TEST_F(PopupQuizTest, TheCommentStandsWithTheQuestionOnlyIfTheUserWantsIt)
@@ -235,6 +429,9 @@ TEST_F(PopupQuizTest, TheKeyboardFollowsTheAnswerAndComesBackAfterIt)
     check("cat");
     goOn();
     EXPECT_EQ(keyboard(), QStringLiteral("de"));
+    m_words.vocabulary->setIsAutoSelectInputSource(false);
+    m_popup.stopQuiz();
+    EXPECT_EQ(keyboard(), QStringLiteral("fr")) << "given back at the end";
 }
 
 TEST_F(PopupQuizTest, TheIntervalIsKeptWithinItsRangesAndRestartsTheWait)
@@ -299,6 +496,30 @@ TEST_F(PopupQuizTest, OnlyMovesOfTheUserOnTheScreenAreRemembered)
     EXPECT_EQ(services.settings.value(xKey), 350.0);
     services.clock.advanceSeconds(5 * 60);
     EXPECT_EQ(m_popup.quizWindow()->pos(), QPoint(350, 220));
+}
+
+TEST_F(PopupQuizTest, APlaceThatIsNotTheUsersOwnIsNotRemembered)
+{
+    const QString xKey = QStringLiteral("bgQuizWindowXOrigin");
+    startPopup(twoWords());
+    services.clock.advanceSeconds(0.4);
+    check("x");
+    services.clock.advanceSeconds(1);
+    EXPECT_FALSE(services.settings.value(xKey).isValid()) << "it was shaking while it found its place";
+
+    // The screen on which the panel was left is gone.
+    services.settings.setValue(xKey, 5000.0);
+    services.settings.setValue(QStringLiteral("bgQuizWindowYOrigin"), 90.0);
+    QuizView view;
+    TAVPopupQuizController popup(&view, m_document, &m_hub, [] {});
+    prepare(popup, twoWords());
+    popup.startQuiz();
+    services.clock.advanceSeconds(2);
+    processEvents();
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(popup.quizWindow()->geometry()));
+    EXPECT_EQ(popup.quizWindow()->y(), 90);
+    EXPECT_EQ(services.settings.value(xKey), 5000.0);
 }
 
 TEST_F(PopupQuizTest, WhereThePanelCannotComeUpANotificationOpensIt)

@@ -11,6 +11,7 @@
 
 #include <QLabel>
 #include <QTest>
+#include <QtTest/qtestspontaneevent.h>
 
 /** Also the events for the rating prompt. */
 class Recorder : public ChangeRecorder, public RatingPrompt
@@ -45,6 +46,14 @@ protected:
         QApplication::sendEvent(focused, &press);
         QKeyEvent release(QEvent::KeyRelease, keyCode, Qt::NoModifier, QStringLiteral("\r"), held);
         QApplication::sendEvent(focused, &release);
+    }
+    /** As the windowing system sends it, at that time. */
+    void sendKey(QEvent::Type type, int keyCode, quint64 time)
+    {
+        QKeyEvent event(type, keyCode, Qt::NoModifier, QStringLiteral("\r"));
+        event.setTimestamp(time);
+        QSpontaneKeyEvent::setSpontaneous(&event);
+        qApp->notify(QApplication::focusWidget(), &event);
     }
     void pressReturn(bool held = false) { key(Qt::Key_Return, held); }
     /** Lets the delay of a button and the flip behind it pass. */
@@ -92,9 +101,10 @@ protected:
         const auto *label = findControl<QLabel>(root, name);
         return label->isVisible() ? label->text() : QString();
     }
-    /** The keyboards of the two languages are "us" for the foreign one and "de". */
+    /** The keyboards of the two languages are "us" for the foreign one and "de"; the user types with "fr". */
     void addKeyboards()
     {
+        services.inputSources.current = services.inputSources.add(QStringLiteral("fr"));
         services.inputSources.add(QStringLiteral("us"));
         services.inputSources.add(QStringLiteral("de"));
         m_words.vocabulary->setForeignTextInputSourceId(QStringLiteral("us"));

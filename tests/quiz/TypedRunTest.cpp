@@ -240,8 +240,45 @@ TEST_F(TypedRunTest, AQuestionOverAPendingAnswerDropsItsDecisionsNotTheAnswer)
     check("mouse");
     EXPECT_FALSE(m_popup.ask());
     EXPECT_EQ(m_popup.result().correctPercent(), 50.0);
+    m_popup.end();
+    m_recorder.restart();
+
+    // Another run over a pending answer takes its decisions first.
     beginPopup({word});
-    EXPECT_FALSE(m_popup.hasPendingAnswer());
+    check("x");
+    m_popup.setIsOverruled(true);
+    m_popup.begin();
+    EXPECT_EQ(word->level(), 3);
+    EXPECT_EQ(m_recorder.take(), QStringLiteral("flagged, mark, saved"));
+    EXPECT_TRUE(m_popup.numberOfAnswers() == 0 && !m_popup.hasPendingAnswer());
+}
+
+TEST_F(TypedRunTest, ADecisionIsFlaggedWhereItChangesTheWord)
+{
+    const struct
+    {
+        const char *answer;
+        bool isOverruled;
+        bool isExcluded;
+        bool wasExcluded;
+        const char *atTheEnd;
+    } cases[] = {{"cat", false, false, false, "mark; sync, saved, saved"},
+                 {"cat", false, true, false, "flagged, mark; sync, saved, saved"},
+                 {"cat", false, true, true, "mark; sync, saved, saved"},
+                 {"cta", true, false, false, "flagged, mark; sync, saved, saved"},
+                 {"x", true, false, false, "flagged, mark; sync, saved, saved"}};
+    for (const auto &c : cases) {
+        const TAVWordRef word = m_words.add("Katze", "cat", 5);
+        word->setDontAskAgain(c.wasExcluded);
+        begin(m_typing, {word});
+        answer(c.answer);
+        m_typing.saveAnswer();
+        m_recorder.restart();
+        m_typing.setIsOverruled(c.isOverruled);
+        m_typing.setIsExcluded(c.isExcluded);
+        m_typing.end();
+        EXPECT_EQ(m_recorder.take(), QLatin1String(c.atTheEnd)) << c.answer;
+    }
 }
 
 TEST_F(TypedRunTest, ThePopupMakesANewListWhenThereIsNone)

@@ -71,9 +71,9 @@ TEST_F(TypingQuizTest, ARunByKeyboardFromTheFirstQuestionToTheRestart)
     EXPECT_TRUE(hasFocus(card, "answerTextField"));
 }
 
-TEST_F(TypingQuizTest, AHeldReturnDoesNothingAndTwoPressesAnswerTwice)
+TEST_F(TypingQuizTest, ReturnDoesNothingWhileItIsHeldOrAStepIsPending)
 {
-    start({m_words.add("Hund", "dog", 3), m_words.add("Katze", "cat", 3)});
+    start({m_words.add("Hund", "dog", 3), m_words.add("Katze", "cat", 3), m_words.add("Maus", "mouse", 3)});
     for (const char *focused : {"answerTextField", "nextButton"}) {
         onCard<QWidget>(focused)->setFocus();
         pressReturn(true);
@@ -82,11 +82,15 @@ TEST_F(TypingQuizTest, AHeldReturnDoesNothingAndTwoPressesAnswerTwice)
     }
     onCard<QLineEdit>("answerTextField")->setFocus();
 
-    // The third press finds no word any more.
     for (int i = 0; i < 3; ++i)
         pressReturn();
     pass();
-    EXPECT_EQ(m_typing.run().numberOfWrong(), 2);
+    EXPECT_EQ(m_typing.run().numberOfWrong(), 1);
+    // Clicks count each by itself; the third finds no word any more.
+    for (int i = 0; i < 3; ++i)
+        onCard<QPushButton>("nextButton")->click();
+    pass();
+    EXPECT_EQ(m_typing.run().numberOfWrong(), 3);
     pressReturn(true);
     pass();
     EXPECT_EQ(m_view.currentPage(), card);
@@ -97,6 +101,99 @@ TEST_F(TypingQuizTest, AHeldReturnDoesNothingAndTwoPressesAnswerTwice)
     pressReturn(true);
     pass();
     EXPECT_EQ(m_view.currentPage(), result);
+}
+
+TEST_F(TypingQuizTest, RepeatsThatComeAsReleasesAndPressesAnswerNothing)
+{
+    const struct
+    {
+        bool repeatsArePresses;
+        int released;
+        quint64 releaseTime;
+        quint64 pressTime;
+        bool answers;
+    } cases[] = {{true, Qt::Key_Return, 5000, 5000, false},
+                 {true, Qt::Key_Return, 5000, 5030, true},
+                 {true, Qt::Key_Return, 0, 0, true},
+                 {true, Qt::Key_Enter, 5000, 5000, true},
+                 {false, Qt::Key_Return, 5000, 5000, true}};
+    for (const auto &c : cases) {
+        start({m_words.add("Hund", "dog", 3), m_words.add("Katze", "cat", 3)});
+        services.desktop.repeatsArePresses = c.repeatsArePresses;
+        sendKey(QEvent::KeyRelease, c.released, c.releaseTime);
+        sendKey(QEvent::KeyPress, Qt::Key_Return, c.pressTime);
+        pass();
+        EXPECT_EQ(m_typing.run().numberOfAnswers(), c.answers) << c.releaseTime << ' ' << c.pressTime;
+    }
+
+    // A finger that rests on the key at the last question ends neither on the result page nor in a new run.
+    start({m_words.add("Hund", "dog", 3)});
+    services.desktop.repeatsArePresses = true;
+    sendKey(QEvent::KeyPress, Qt::Key_Return, 6000);
+    for (quint64 time = 6500; time < 10000; time += 33) {
+        services.clock.advance(std::chrono::milliseconds(33));
+        sendKey(QEvent::KeyRelease, Qt::Key_Return, time);
+        sendKey(QEvent::KeyPress, Qt::Key_Return, time);
+    }
+    EXPECT_EQ(m_typing.run().numberOfAnswers(), 1);
+    EXPECT_EQ(m_view.currentPage(), card);
+}
+
+TEST_F(TypingQuizTest, WhatIsTypedWhileAStepIsPendingBelongsToTheNextAnswer)
+{
+    const auto startThree = [this] {
+        start({m_words.add("Hund", "dog", 3), m_words.add("Katze", "cat", 3), m_words.add("Maus", "mouse")});
+    };
+    auto *field = onCard<QLineEdit>("answerTextField");
+    startThree();
+    type("dog");
+    pressReturn();
+    type("cax");
+    key(Qt::Key_Backspace);
+    type("t");
+    EXPECT_EQ(field->text(), QStringLiteral("dog"));
+    pass();
+    EXPECT_EQ(field->text(), QStringLiteral("cat"));
+    answer("");
+    EXPECT_EQ(m_typing.run().numberOfCorrect(), 2);
+
+    const std::function<void()> interruptions[] = {
+        [this] { onCard<QWidget>("nextButton")->setFocus(); },
+        [this] { m_setup.showQuiz(); },
+        [this] { m_view.close(); },
+        [this] { services.alerts.show({}); },
+        [this] {
+            services.alerts.whileShown = [this] { type("x"); };
+            services.alerts.show({});
+        },
+    };
+    for (const auto &interruption : interruptions) {
+        startThree();
+        type("dog");
+        pressReturn();
+        type("ca");
+        interruption();
+        pass();
+        EXPECT_EQ(m_typing.run().numberOfCorrect(), 1);
+        EXPECT_EQ(field->text(), QString());
+        m_view.show();
+        m_view.activateWindow();
+        processEvents();
+    }
+
+    // The last step brings no question.
+    start({m_words.add("Hund", "dog", 3)});
+    pressReturn();
+    type("x");
+    pass();
+    pressReturn();
+    pass();
+    pressReturn();
+    pass();
+    ASSERT_EQ(m_typing.nextWord()->foreignWord(), QStringLiteral("dog"));
+    pressReturn();
+    pass();
+    EXPECT_EQ(onCardText("userAnswerTextField"), QString());
 }
 
 TEST_F(TypingQuizTest, DecisionsShowAtOnceAndTakeEffectWhenTheRunMovesOn)
@@ -215,10 +312,52 @@ TEST_F(TypingQuizTest, TheKeyboardFollowsTheLanguageOfTheAnswer)
     start({a}, {false, true});
     EXPECT_EQ(keyboard(), QStringLiteral("de"));
     EXPECT_EQ(onCardText("questionTextField"), QStringLiteral("dog"));
+    m_setup.showQuiz();
     m_words.vocabulary->setIsAutoSelectInputSource(false);
     services.inputSources.selected.clear();
     start({a});
     EXPECT_TRUE(services.inputSources.selected.isEmpty());
+}
+
+TEST_F(TypingQuizTest, TheKeyboardIsGivenBackWhenTheRunEndsOrItsPageIsLeft)
+{
+    addKeyboards();
+    const std::function<void()> ways[] = {
+        [this] {
+            answer("dog");
+            answer("cat");
+            pressReturn();
+        },
+        [this] { m_setup.showQuiz(); },
+        [this] { m_view.close(); },
+        // The step still comes, and with it the next question.
+        [this] {
+            pressReturn();
+            m_view.close();
+        },
+        [this] {
+            pressReturn();
+            m_setup.showQuiz();
+        },
+        [this] {
+            m_setup.showQuiz();
+            m_setup.startQuiz();
+            m_view.close();
+        },
+    };
+    for (const auto &leave : ways) {
+        m_words.vocabulary->setIsAutoSelectInputSource(true);
+        start({m_words.add("Hund", "dog"), m_words.add("Katze", "cat")});
+        EXPECT_EQ(keyboard(), QStringLiteral("us"));
+        leave();
+        // Whatever is chosen by then.
+        m_words.vocabulary->setIsAutoSelectInputSource(&leave != &ways[1]);
+        pass();
+        EXPECT_EQ(keyboard(), QStringLiteral("fr")) << &leave - ways;
+        m_view.show();
+        m_view.activateWindow();
+        processEvents();
+    }
 }
 
 TEST_F(TypingQuizTest, AnEditedWordShowsItsNewTextsAndADeletedOneIsNotAskedAgain)
@@ -256,6 +395,23 @@ TEST_F(TypingQuizTest, AnEditedWordShowsItsNewTextsAndADeletedOneIsNotAskedAgain
         EXPECT_FALSE(panel->isVisible()) << "a panel must not outlive its run";
 }
 
+TEST_F(TypingQuizTest, AWordThatAnEditMadeSeveralOfCountsAsDeleted)
+{
+    const TAVWordRef a = m_words.add("Hund", "dog", 2);
+    start({a, m_words.add("Katze", "cat", 2)});
+    answer("x");
+    // The list shows the file's words anew meanwhile; the run stays on its own.
+    m_recorder.current = std::make_shared<TAVLexicon>();
+    m_typing.wordPopoverDidEditWords({a});
+    EXPECT_TRUE(onCard<QPushButton>("editButton")->isVisible());
+    m_words.vocabulary->removeWord(a);
+    m_typing.wordPopoverDidEditWords({a});
+    EXPECT_FALSE(onCard<QPushButton>("editButton")->isVisible());
+    EXPECT_TRUE(onCard<QWidget>("deletedImageView")->isVisible());
+    EXPECT_FALSE(onCard<QCheckBox>("iKnewItCheckBox")->isEnabled());
+    EXPECT_TRUE(m_typing.run().wrongAnsweredWords().isEmpty());
+}
+
 TEST_F(TypingQuizTest, LongTextsAreFittedIntoTheirPlace)
 {
     WordLabel label;
@@ -284,13 +440,30 @@ TEST_F(TypingQuizTest, ARunThatWasLeftStaysOnItsVocabularyAndDoesNotComeBackByIt
     m_recorder.current = m_words.vocabulary;
     EXPECT_TRUE(QFile::exists(m_recorder.path()));
 
-    // Away within the delay of a press.
+    // Away within the delay of a press: the answer counts, but doesn't show on another page.
     pressReturn();
     m_setup.showQuiz();
+    const QColor neutral = m_view.card()->leftStartColor();
+    EXPECT_EQ(m_typing.run().numberOfAnswers(), 1);
     pass();
+    EXPECT_EQ(m_typing.run().numberOfAnswers(), 2);
     EXPECT_EQ(m_view.currentPage(), QuizView::setupPage);
     EXPECT_FALSE(m_view.progressIndicator()->isVisible());
+    EXPECT_EQ(m_view.card()->leftStartColor(), neutral);
+    EXPECT_TRUE(hasFocus(QuizView::setupPage, "quizStartQuizButton"));
+
+    // A new run doesn't get into the way of the old one's last step.
+    start({a, m_words.add("Katze", "cat")});
+    pressReturn();
+    m_recorder.current = other.vocabulary;
+    const TAVWordRef first = other.add("Esel", "donkey");
+    m_setup.showQuiz();
+    m_setup.startQuiz();
     EXPECT_EQ(m_typing.run().numberOfAnswers(), 1);
+    EXPECT_EQ(a->level(), 2);
+    pass();
+    EXPECT_EQ(m_typing.nextWord(), first);
+    EXPECT_EQ(m_typing.run().numberOfAnswers(), 0);
 }
 
 TEST_F(TypingQuizTest, AWindowClosedInTheMiddleOfAFlipIsHarmless)

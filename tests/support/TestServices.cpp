@@ -287,7 +287,7 @@ TestServices::TestServices()
 {
     platform::installServices({&clock, &settings, &random, &queues, &alerts, &folders, &browser,
                                &inputSources, &desktop, &reachability, &systemLog, &mainDispatcher, &http,
-                               &keyring, &deviceRegistry});
+                               &keyring, &deviceRegistry, &idleTime});
     platform::setDiagnosticLogListener([this](const QString &line) { diagnosticLines.append(line); });
     AppGround::resetForTest();
 }

@@ -189,13 +189,25 @@ public:
     void activateApplication(Application application) override { activated.append(application); }
     void raiseAboveAll(quintptr windowId) override { raised.append(windowId); }
     bool canRaiseAboveAll() const override { return canRaise; }
+    bool isOnAnotherDesktop(quintptr) override { return isAway; }
     void notify(const QString &title, const QString &text, const std::function<void()> &chosen) override;
     Application frontmost = 4711;
     QList<Application> activated;
     QList<quintptr> raised;
+    bool sendsRepeatsAsPresses() const override { return repeatsArePresses; }
     bool canRaise = true;
+    bool repeatsArePresses = false;
+    bool isAway = false;
     QStringList notifications;
     std::function<void()> notificationChosen;
+};
+
+/** The user is away, until the test says otherwise. */
+class TestIdleTime : public platform::IdleTime
+{
+public:
+    std::optional<std::chrono::milliseconds> sinceLastInput() override { return idle; }
+    std::optional<std::chrono::milliseconds> idle = std::chrono::hours(1);
 };
 
 class TestSystemLog : public platform::SystemLog
@@ -235,6 +247,7 @@ public:
     TestHttp http;
     TestKeyring keyring;
     TestDeviceRegistry deviceRegistry;
+    TestIdleTime idleTime;
     UnsyncedOperations operations;
     QStringList diagnosticLines;
 

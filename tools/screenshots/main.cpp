@@ -166,6 +166,9 @@ void shootPopupQuiz(Stage &stage)
     stage.shoot(QStringLiteral("popup-correct"));
     quiz.next();
     stage.shoot(QStringLiteral("popup-waiting"));
+    stage.hub().showQuiz();
+    stage.pass(1);
+    stage.shoot(QStringLiteral("popup-line-on-setup"));
     quiz.showQuiz();
     answer(QStringLiteral("something else"));
     stage.shoot(QStringLiteral("popup-wrong"));

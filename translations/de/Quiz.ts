@@ -203,6 +203,14 @@
         <translation>Ab und zu fragt dich ein kleines Fenster nach einem Wort, vor allem, womit du gerade arbeitest. Bis du das Quiz beendest, bleibt dieses Fenster gesperrt.</translation>
     </message>
     <message>
+        <source>popupLater</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>popupLine</source>
+        <translation>Popup-Quiz: %1 von %2</translation>
+    </message>
+    <message>
         <source>popupMinutes</source>
         <translation>Minuten</translation>
     </message>

@@ -203,6 +203,14 @@
         <translation>A small panel asks you a word now and then, in front of whatever you work with. Until you end the quiz, this window stays locked.</translation>
     </message>
     <message>
+        <source>popupLater</source>
+        <translation>Later</translation>
+    </message>
+    <message>
+        <source>popupLine</source>
+        <translation>Popup quiz: %1 of %2</translation>
+    </message>
+    <message>
         <source>popupMinutes</source>
         <translation>minutes</translation>
     </message>

@@ -12,6 +12,8 @@ namespace {
 /** Requests of a pager are the user's own wish; window managers don't take them for a stolen focus. */
 constexpr quint32 sourceIsPager = 2;
 constexpr quint32 stateAdd = 1;
+/** In the place of a desktop's number: the window is on all of them. */
+constexpr quint32 allDesktops = 0xFFFFFFFF;
 
 } // namespace
 
@@ -81,11 +83,23 @@ void EwmhDesktop::raiseAboveAll(quintptr windowId)
     }
     tellWindowManager(window, "_NET_WM_STATE", stateAdd, x11::atom(m_connection, "_NET_WM_STATE_ABOVE"), 0,
                       sourceIsPager);
-    const QList<quint32> desktop =
-        x11::numbers(m_connection, x11::rootWindow(m_connection), "_NET_CURRENT_DESKTOP");
+    const QList<quint32> desktop = currentDesktop();
     if (!desktop.isEmpty())
         tellWindowManager(window, "_NET_WM_DESKTOP", desktop.first(), sourceIsPager, 0, 0);
     activate(window);
+}
+
+QList<quint32> EwmhDesktop::currentDesktop() const
+{
+    return x11::numbers(m_connection, x11::rootWindow(m_connection), "_NET_CURRENT_DESKTOP");
+}
+
+bool EwmhDesktop::isOnAnotherDesktop(quintptr windowId)
+{
+    const QList<quint32> current = currentDesktop();
+    const QList<quint32> own = x11::numbers(m_connection, quint32(windowId), "_NET_WM_DESKTOP");
+    return !current.isEmpty() && !own.isEmpty() && own.first() != allDesktops &&
+           own.first() != current.first();
 }
 
 bool EwmhDesktop::canRaiseAboveAll() const

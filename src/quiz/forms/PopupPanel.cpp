@@ -5,7 +5,14 @@
 #include "platform/Texts.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+
+#include <algorithm>
 
 using namespace std::chrono_literals;
 
@@ -35,14 +42,30 @@ PopupPanel::PopupPanel()
 
 void PopupPanel::showInPlace()
 {
-    m_ignoreWindowMove = true;
+    expectOwnMoves();
     setWindowOpacity(1.0);
-    const QPoint place{int(m_windowXPos), int(m_windowYPos)};
+    const QPoint place = placeToShow();
     move(place);
     show();
     // Some desktops place a window anew when it is shown.
     move(place);
-    platform::clock().callAfter(placingTime, this, [this] { m_ignoreWindowMove = !isVisible(); });
+}
+
+QPoint PopupPanel::placeToShow() const
+{
+    const QRect wanted(QPoint(int(m_windowXPos), int(m_windowYPos)), size());
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    if (QGuiApplication::screenAt(wanted.center()) || !screen)
+        return wanted.topLeft();
+    // Its screen is no longer connected, but may be again.
+    const QRect room = screen->availableGeometry();
+    return {std::clamp(wanted.x(), room.left(), std::max(room.left(), room.right() - wanted.width() + 1)),
+            std::clamp(wanted.y(), room.top(), std::max(room.top(), room.bottom() - wanted.height() + 1))};
+}
+
+void PopupPanel::expectOwnMoves()
+{
+    m_ownMoves = platform::clock().startTimer(placingTime, false, [this] { m_ownMoves.reset(); });
 }
 
 void PopupPanel::bring()
@@ -67,7 +90,7 @@ void PopupPanel::bringToFront(const QString &text, const std::function<bool()> &
 
 void PopupPanel::putOutOfSight()
 {
-    m_ignoreWindowMove = true;
+    expectOwnMoves();
     m_shakeTimer.reset();
     // Out of the way even where a desktop still shows it for a moment.
     move(1 - width(), 1 - height());
@@ -77,7 +100,6 @@ void PopupPanel::putOutOfSight()
 
 void PopupPanel::shake()
 {
-    m_ignoreWindowMove = true;
     m_shakeStep = 0;
     const QPoint home = pos();
     m_shakeTimer = platform::clock().startTimer(shakeInterval, true, [this, home] {
@@ -85,16 +107,55 @@ void PopupPanel::shake()
         const bool isLast = m_shakeStep >= shakeSteps;
         move(home + QPoint(isLast ? 0 : m_shakeStep % 2 == 1 ? -shakeWidth : shakeWidth, 0));
         if (isLast) {
-            m_ignoreWindowMove = false;
+            // The desktop reports the last of these moves a moment later.
+            expectOwnMoves();
             m_shakeTimer.reset();
         }
     });
 }
 
+void PopupPanel::ignoreKeys(std::chrono::milliseconds time)
+{
+    qApp->installEventFilter(this);
+    m_deafness = platform::clock().startTimer(time, false, [this] {
+        qApp->removeEventFilter(this);
+        m_deafness.reset();
+    });
+}
+
+bool PopupPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride ||
+                       event->type() == QEvent::InputMethod;
+    const auto *widget = isKey ? qobject_cast<QWidget *>(watched) : nullptr;
+    if (!widget || widget->window() != this)
+        return QWidget::eventFilter(watched, event);
+    event->accept();
+    return true;
+}
+
+void PopupPanel::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat())
+        emit escapePressed();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void PopupPanel::paintEvent(QPaintEvent *)
+{
+    // Without an edge, the panel would melt into a white page behind it.
+    QColor edge = palette().color(QPalette::WindowText);
+    edge.setAlphaF(0.45f);
+    QPainter painter(this);
+    painter.setPen(edge);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
 void PopupPanel::moveEvent(QMoveEvent *event)
 {
     QWidget::moveEvent(event);
-    if (m_ignoreWindowMove || pos().x() < 0 || pos().y() < 0)
+    if (ignoresWindowMove() || pos().x() < 0 || pos().y() < 0)
         return;
     m_windowXPos = double(float(pos().x()));
     m_windowYPos = double(float(pos().y()));
@@ -114,7 +175,8 @@ void PopupPanel::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     m_isDragging = true;
-    m_ignoreWindowMove = false;
+    m_ownMoves.reset();
+    m_shakeTimer.reset();
     m_dragStart = event->globalPosition().toPoint() - pos();
 }
 

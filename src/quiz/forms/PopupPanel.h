@@ -29,12 +29,18 @@ public:
     void bringToFront(const QString &text, const std::function<bool()> &isStillWanted);
     void putOutOfSight();
     void shake();
+    /** For so long it takes no key: what comes is meant for the program in which the user was typing. */
+    void ignoreKeys(std::chrono::milliseconds time);
 
 signals:
+    void escapePressed();
     /** The panel is about to close, whatever closes it. */
     void closing();
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void moveEvent(QMoveEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -43,13 +49,19 @@ protected:
 
 private:
     void bring();
+    /** The remembered place, or one on a screen if no screen reaches there. */
+    QPoint placeToShow() const;
+    /** From now on until the desktop has done it, moves are the program's own. */
+    void expectOwnMoves();
+    /** Whether moves at present are the program's own, and not remembered. */
+    bool ignoresWindowMove() const { return !isVisible() || m_ownMoves || m_shakeTimer; }
 
-    /** Moves at present are the program's own, and not remembered. */
-    bool m_ignoreWindowMove = true;
     double m_windowXPos = 20.0;
     double m_windowYPos = 20.0;
     QPoint m_dragStart;
     bool m_isDragging = false;
+    std::unique_ptr<platform::Timer> m_ownMoves;
+    std::unique_ptr<platform::Timer> m_deafness;
     std::unique_ptr<platform::Timer> m_shakeTimer;
     int m_shakeStep = 0;
 };

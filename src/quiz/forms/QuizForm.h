@@ -16,6 +16,10 @@ public:
         setAskForYourWord(direction.yourWord);
     }
 
+    /** A run is about to be prepared: does at once what this form would do by itself in a moment. */
+    virtual void finishSteps() {}
+    /** Another run of this form is about to be prepared: the present one ends, on the vocabulary it has. */
+    virtual void leaveRun() {}
     /** Begins a run; options and words stand ready. Called between the two halves of the card's flip. */
     virtual void startQuiz() = 0;
     /** The page on which the run goes on. */

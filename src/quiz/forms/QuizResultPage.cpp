@@ -3,7 +3,6 @@
 #include "platform/Texts.h"
 #include "quiz/QuizRun.h"
 #include "quiz/forms/CardStyle.h"
-#include "quiz/forms/ReturnKey.h"
 #include "ui_QuizResultPage.h"
 
 #include <QLocale>
@@ -28,7 +27,6 @@ QuizResultPage::QuizResultPage(QWidget *parent)
         if (m_newQuiz)
             m_newQuiz();
     });
-    new ReturnKey(this, [this] { defaultButton()->click(); });
 }
 
 QuizResultPage::~QuizResultPage() = default;
@@ -75,9 +73,15 @@ QPushButton *QuizResultPage::defaultButton() const
     return m_ui->restartWithWrongButton->isEnabled() ? m_ui->restartWithWrongButton : m_ui->newQuizButton;
 }
 
+void QuizResultPage::pressDefaultButton()
+{
+    defaultButton()->click();
+}
+
 void QuizResultPage::focusDefaultButton()
 {
-    defaultButton()->setFocus();
+    if (isVisible())
+        defaultButton()->setFocus();
 }
 
 QWidget *QuizResultPage::extraPlace() const

@@ -28,7 +28,9 @@ public:
     void setResult(const RunResult &result, const QString &betweenLabel, std::function<void()> restart);
     /** What newQuizButton does. */
     void setNewQuizAction(std::function<void()> action) { m_newQuiz = std::move(action); }
-    /** Puts the focus on the button that Return presses. */
+    /** Presses the button that Return presses. */
+    void pressDefaultButton();
+    /** Puts the focus on it, if the page is seen. */
     void focusDefaultButton();
     /** A place for what a form adds between the counts and the buttons; each result comes without it. */
     QWidget *extraPlace() const;

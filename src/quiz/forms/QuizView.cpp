@@ -3,12 +3,15 @@
 #include "platform/Texts.h"
 #include "quiz/QuizRun.h"
 #include "quiz/forms/CardStyle.h"
+#include "quiz/forms/PopupLine.h"
 #include "quiz/forms/QuizResultPage.h"
+#include "quiz/forms/ReturnKey.h"
 #include "widgets/CardFlip.h"
 #include "widgets/DarkBand.h"
 #include "widgets/TAVCardView.h"
 #include "widgets/TAVProgressBar.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStackedWidget>
@@ -42,19 +45,30 @@ QuizView::QuizView(QWidget *parent)
         m_tabView->addWidget(widget);
     }
     m_tabView->setCurrentIndex(setupPage);
+    new ReturnKey(
+        m_result, [this] { m_result->pressDefaultButton(); }, [this] { return m_steps.isPending(); });
     auto *cardLayout = new QVBoxLayout(m_card);
     cardLayout->setContentsMargins(0, 0, 0, 0);
     cardLayout->addWidget(m_tabView);
 
     m_band = makeBand();
+    m_popupLine = new PopupLine(this);
+    m_popupLine->setObjectName(QStringLiteral("popupLine"));
+    connect(m_popupLine, &PopupLine::endChosen, this, &QuizView::popupEndChosen);
+    connect(m_tabView, &QStackedWidget::currentChanged, this, &QuizView::updatePopupLine);
+    // On the pages of the popup quiz the band has nothing to show, and leaves its place to the line.
+    auto *below = new QGridLayout;
+    below->addWidget(m_band, 0, 0);
+    below->addWidget(m_popupLine, 0, 0);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(16);
     column->addStretch(0);
     column->addWidget(m_card, 1);
-    column->addWidget(m_band);
+    column->addLayout(below);
     column->addStretch(0);
     setProgressVisible(false);
+    updatePopupLine();
 }
 
 QWidget *QuizView::makeBand()
@@ -113,4 +127,18 @@ void QuizView::setProgressVisible(bool visible)
 {
     m_progressIndicator->setVisible(visible);
     m_band->setVisible(visible);
+}
+
+void QuizView::setPopupProgress(const std::optional<RunProgress> &progress)
+{
+    m_isPopupRunning = progress.has_value();
+    if (progress)
+        m_popupLine->setProgress(*progress);
+    updatePopupLine();
+}
+
+void QuizView::updatePopupLine()
+{
+    const bool isItsPage = currentPage() == setupPage || currentPage() == popupQuizPage;
+    m_popupLine->setVisible(m_isPopupRunning && isItsPage);
 }

@@ -1,8 +1,13 @@
 #pragma once
 
+#include "quiz/forms/DelayedSteps.h"
+
 #include <QWidget>
 
+#include <optional>
+
 class CardFlip;
+class PopupLine;
 class QLabel;
 class QStackedWidget;
 class QuizResultPage;
@@ -30,6 +35,8 @@ public:
     QWidget *page(Page page) const;
     Page currentPage() const;
     void showPage(Page page);
+    /** The steps of all forms, as only one of them is in front at a time. */
+    DelayedSteps &steps() { return m_steps; }
     /** The result page, shared by the forms that have none of their own. */
     QuizResultPage *result() const { return m_result; }
 
@@ -39,15 +46,25 @@ public:
     void showProgress(const RunProgress &progress);
     /** The whole band below the card; it keeps its place when hidden, so that the card doesn't move. */
     void setProgressVisible(bool visible);
+    /** How far the popup quiz has come that goes on beside this tab; absent when none does. */
+    void setPopupProgress(const std::optional<RunProgress> &progress);
+
+signals:
+    /** The user wants to end the popup quiz. */
+    void popupEndChosen();
 
 private:
     QWidget *makeBand();
+    void updatePopupLine();
 
     TAVCardView *m_card = nullptr;
     CardFlip *m_flip = nullptr;
     QStackedWidget *m_tabView = nullptr;
     QuizResultPage *m_result = nullptr;
     QWidget *m_band = nullptr;
+    PopupLine *m_popupLine = nullptr;
+    bool m_isPopupRunning = false;
+    DelayedSteps m_steps;
     QLabel *m_statusText = nullptr;
     TAVProgressBar *m_progressIndicator = nullptr;
 };

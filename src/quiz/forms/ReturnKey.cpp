@@ -1,12 +1,16 @@
 #include "quiz/forms/ReturnKey.h"
 
+#include "quiz/forms/KeyReleases.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
 
-ReturnKey::ReturnKey(QWidget *page, std::function<void()> step)
+ReturnKey::ReturnKey(QWidget *page, std::function<void()> step, std::function<bool()> isBusy)
     : QObject(page)
     , m_step(std::move(step))
+    , m_isBusy(std::move(isBusy))
+    , m_releases(KeyReleases::ofApplication())
 {
     page->installEventFilter(this);
 }
@@ -19,10 +23,12 @@ bool ReturnKey::eventFilter(QObject *watched, QEvent *event)
     if (keyEvent->key() != Qt::Key_Return && keyEvent->key() != Qt::Key_Enter)
         return QObject::eventFilter(watched, event);
     keyEvent->accept();
-    if (keyEvent->isAutoRepeat())
+    auto *page = static_cast<QWidget *>(watched);
+    if (keyEvent->isAutoRepeat() || m_releases->isRepeat(*keyEvent) || !page->isVisible() ||
+        (m_isBusy && m_isBusy()))
         return true;
     auto *button = qobject_cast<QPushButton *>(QApplication::focusWidget());
-    if (button && static_cast<QWidget *>(watched)->isAncestorOf(button) && button->isEnabled())
+    if (button && page->isAncestorOf(button) && button->isEnabled())
         button->click();
     else
         m_step();

@@ -15,17 +15,19 @@
 #include "widgets/Icons.h"
 #include "widgets/TAVCardView.h"
 
+#include <QKeyEvent>
 #include <QShortcut>
 
 using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::chrono::milliseconds stepDelay = 200ms;
 constexpr std::chrono::milliseconds questionDelay = 10ms;
 constexpr std::chrono::milliseconds correctMarkDelay = 600ms;
 /** Deliberately a little shorter than after a known word. */
 constexpr std::chrono::milliseconds wrongMarkDelay = 500ms;
+/** How soon a paused autoplay sees that the user is back. */
+constexpr std::chrono::milliseconds awayInterval = 500ms;
 enum ButtonsPage { markButtons, showButton };
 
 } // namespace
@@ -105,10 +107,13 @@ void TAVFlashCardQuizController::connectControls()
     connect(m_ui->dontAskAgainCheckBox, &QCheckBox::toggled, this,
             [this](bool isOn) { m_run.setIsExcluded(isOn); });
     connect(m_restartControls, &FlashCardRestart::restartRequested, this, &Self::startAgain);
-    new ReturnKey(m_view->page(QuizView::flashCardPage), [this] {
-        if (!m_isAutoPlay)
-            showNext();
-    });
+    new ReturnKey(
+        m_view->page(QuizView::flashCardPage),
+        [this] {
+            if (!m_isAutoPlay)
+                showNext();
+        },
+        [this] { return m_view->steps().isPending(); });
 }
 
 void TAVFlashCardQuizController::addShortcuts()
@@ -127,9 +132,7 @@ void TAVFlashCardQuizController::addShortcuts()
             button->click();
     };
     add({Qt::Key_Space}, [this] {
-        if (m_ui->dontAskAgainCheckBox->hasFocus())
-            m_ui->dontAskAgainCheckBox->click();
-        else if (!m_isAutoPlay)
+        if (!m_isAutoPlay)
             showNext();
     });
     add({Qt::Key_Right, Qt::Key_C}, [this, mark] { mark(m_ui->correctButton); });
@@ -138,31 +141,54 @@ void TAVFlashCardQuizController::addShortcuts()
         if (m_ui->playButton->isEnabled())
             m_ui->playButton->click();
     });
+    for (auto *button : page->findChildren<QAbstractButton *>())
+        button->installEventFilter(this);
+    m_ui->flipTimeoutSlider->installEventFilter(this);
+}
+
+bool TAVFlashCardQuizController::isKeyOfControl(const QEvent &event)
+{
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const int key = static_cast<const QKeyEvent &>(event).key();
+    return key == Qt::Key_Space || key == Qt::Key_Left || key == Qt::Key_Right;
 }
 
 bool TAVFlashCardQuizController::eventFilter(QObject *watched, QEvent *event)
 {
     QWidget *page = m_view->page(QuizView::flashCardPage);
-    // A minimised window is left as well: nobody sees what would be booked.
+    if (watched != page && watched != m_view->result() && isKeyOfControl(*event)) {
+        event->accept();
+        return true;
+    }
+    // A minimised window is left as well: nobody sees what would be booked. A mark was made by the user, and
+    // is booked all the same.
     if (event->type() == QEvent::Hide) {
         if (watched == page) {
-            stopPlaying();
+            if (m_isAutoPlay)
+                togglePlay();
             m_editor->hidePanel();
         } else {
             m_restartControls->endCountdown();
         }
+    } else if (event->type() == QEvent::Show && !event->spontaneous() && watched == page) {
+        takeFocus();
     } else if (event->type() == QEvent::Resize && watched == page) {
         m_ui->showAnswerHiddenButton->setGeometry(page->rect());
     }
     return QObject::eventFilter(watched, event);
 }
 
-void TAVFlashCardQuizController::scheduleOnPage(QuizView::Page page, Step step)
+void TAVFlashCardQuizController::takeFocus()
 {
-    platform::clock().callAfter(stepDelay, this, [this, page, step] {
-        if (m_view->currentPage() == page)
-            (this->*step)();
-    });
+    if (QWidget *page = m_view->page(QuizView::flashCardPage); page->isVisible())
+        page->setFocus();
+}
+
+void TAVFlashCardQuizController::finishSteps()
+{
+    if (m_showNextTimer)
+        showNext();
 }
 
 void TAVFlashCardQuizController::changeFlipTimeout()
@@ -217,7 +243,7 @@ void TAVFlashCardQuizController::setQuestion()
     LevelPicture::showLevel(m_ui->lowerLevelImageView, FlashCardRun::levelBelow(level));
     showMarks();
     // The keys of this page work wherever the last click has left the focus.
-    m_view->page(QuizView::flashCardPage)->setFocus();
+    takeFocus();
     if (m_isAutoPlay)
         armAutoPlay(m_pace.showAnswerTimeout, &TAVFlashCardQuizController::showSolution);
 }
@@ -232,6 +258,10 @@ void TAVFlashCardQuizController::showTexts()
 
 void TAVFlashCardQuizController::flip(bool reverse, const std::function<void()> &change)
 {
+    if (m_view->currentPage() == QuizView::setupPage) {
+        change();
+        return;
+    }
     CardFlip *flip = m_view->flip();
     flip->setReverseDirection(reverse);
     flip->setPulsesOpacity(true);
@@ -253,6 +283,9 @@ void TAVFlashCardQuizController::showSolution()
     if (!currentWord() || m_isQuestionComing || m_isShowingSolution)
         return;
     flip(true, [this] {
+        // With its button gone, the focus would go on to a mark, and take the arrows with it.
+        if (m_ui->showAnswerButton->hasFocus())
+            takeFocus();
         m_isShowingSolution = true;
         m_autoPlayTimer.reset();
         m_ui->correctAnswerTextField->show();
@@ -269,15 +302,21 @@ void TAVFlashCardQuizController::showSolution()
 
 void TAVFlashCardQuizController::markCorrect()
 {
-    m_ui->wrongButton->setChecked(false);
-    armShowNext(correctMarkDelay);
-    showMarks();
+    takeMark(m_ui->wrongButton, correctMarkDelay);
 }
 
 void TAVFlashCardQuizController::markWrong()
 {
-    m_ui->correctButton->setChecked(false);
-    armShowNext(wrongMarkDelay);
+    takeMark(m_ui->correctButton, wrongMarkDelay);
+}
+
+void TAVFlashCardQuizController::takeMark(QAbstractButton *otherMark, std::chrono::milliseconds delay)
+{
+    otherMark->setChecked(false);
+    // The word that the card still shows may be booked already.
+    if (!currentWord() || m_isQuestionComing)
+        return;
+    armShowNext(delay);
     showMarks();
 }
 
@@ -313,7 +352,25 @@ void TAVFlashCardQuizController::armAutoPlay(int seconds, Step step)
 {
     m_autoPlayTimer.reset();
     m_autoPlayTimer =
-        platform::clock().startTimer(std::chrono::seconds(seconds), false, [this, step] { (this->*step)(); });
+        platform::clock().startTimer(std::chrono::seconds(seconds), false, [this, seconds, step] {
+            if (isAway())
+                waitForReturn(seconds, step);
+            else
+                (this->*step)();
+        });
+}
+
+void TAVFlashCardQuizController::waitForReturn(int seconds, Step step)
+{
+    m_autoPlayTimer = platform::clock().startTimer(awayInterval, true, [this, seconds, step] {
+        if (!isAway())
+            armAutoPlay(seconds, step);
+    });
+}
+
+bool TAVFlashCardQuizController::isAway() const
+{
+    return platform::services().desktop->isOnAnotherDesktop(m_view->window()->winId());
 }
 
 void TAVFlashCardQuizController::armShowNext(std::chrono::milliseconds delay)
@@ -340,8 +397,14 @@ void TAVFlashCardQuizController::showNext()
         return;
     }
 
-    m_isShowingSolution = false;
     m_run.book(mark());
+    askNext();
+    m_run.saveCard();
+}
+
+void TAVFlashCardQuizController::askNext()
+{
+    m_isShowingSolution = false;
     m_ui->dontAskAgainCheckBox->setChecked(false);
     m_run.askNext();
     if (currentWord()) {
@@ -356,7 +419,6 @@ void TAVFlashCardQuizController::showNext()
         showStatistics();
     }
     m_view->showProgress(m_run.progress());
-    m_run.saveCard();
 }
 
 void TAVFlashCardQuizController::togglePlay()
@@ -390,11 +452,14 @@ void TAVFlashCardQuizController::stopPlaying()
 
 void TAVFlashCardQuizController::showStatistics()
 {
-    scheduleOnPage(QuizView::flashCardPage, &TAVFlashCardQuizController::executeShowStatistics);
+    m_view->steps().add(this, [this] { executeShowStatistics(); });
 }
 
 void TAVFlashCardQuizController::executeShowStatistics()
 {
+    // A double click asks twice for the same result.
+    if (m_view->currentPage() == QuizView::resultPage)
+        return;
     stopPlaying();
     m_restartControls->endCountdown();
     m_isQuestionComing = false;
@@ -417,7 +482,7 @@ void TAVFlashCardQuizController::executeShowStatistics()
 
 void TAVFlashCardQuizController::restartQuizWithWrong()
 {
-    scheduleOnPage(QuizView::resultPage, &TAVFlashCardQuizController::executeRestartQuizWithWrong);
+    m_view->steps().add(this, [this] { executeRestartQuizWithWrong(); });
 }
 
 void TAVFlashCardQuizController::executeRestartQuizWithWrong()
@@ -464,11 +529,19 @@ void TAVFlashCardQuizController::closeAddWordPopover()
         m_editor->closeWordPanel(nullptr);
 }
 
-void TAVFlashCardQuizController::wordPopoverDidEditWords(const TAVWordList &)
+void TAVFlashCardQuizController::wordPopoverDidEditWords(const TAVWordList &words)
 {
     m_editor->hidePanel();
-    if (currentWord())
+    const TAVWordList gone = m_run.goneWords(words);
+    if (gone.contains(currentWord())) {
+        m_ui->editButton->setEnabled(false);
+        m_ui->deletedImageView->show();
+        m_showNextTimer.reset();
+        askNext();
+    } else if (currentWord()) {
         showTexts();
+    }
+    m_run.forgetWords(gone);
 }
 
 void TAVFlashCardQuizController::wordPopoverDidDeleteWords(const TAVWordList &words)

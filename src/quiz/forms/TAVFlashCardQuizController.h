@@ -32,6 +32,8 @@ public:
     TAVFlashCardQuizController(QuizView *view, VocabularyDocument &document);
     ~TAVFlashCardQuizController() override;
 
+    /** Books a mark that is about to be booked. */
+    void finishSteps() override;
     void startQuiz() override;
     QuizView::Page page() const override { return QuizView::flashCardPage; }
 
@@ -73,7 +75,6 @@ private:
     void localize();
     void connectControls();
     void addShortcuts();
-    void scheduleOnPage(QuizView::Page page, Step step);
     void executeShowStatistics();
     void executeRestartQuizWithWrong();
     void startAgain();
@@ -84,11 +85,21 @@ private:
     void flipSetQuestionAndReverseDirection(bool reverse);
     /** Runs the change of the card's content under a flip that pulses. */
     void flip(bool reverse, const std::function<void()> &change);
+    /** What follows when the word on the card is done with: the next one, or the result. */
+    void askNext();
+    /** Pauses while the window is on another virtual desktop; back there, the card has its whole time. */
     void armAutoPlay(int seconds, Step step);
+    void waitForReturn(int seconds, Step step);
+    bool isAway() const;
+    void takeMark(QAbstractButton *otherMark, std::chrono::milliseconds delay);
+    /** Whether a focused button or slider has a better use for the key than the page. */
+    static bool isKeyOfControl(const QEvent &event);
     void armShowNext(std::chrono::milliseconds delay);
     /** Brings colour, pictures and arrows of the level preview in step with the two marks. */
     void showMarks();
     void showPlayState();
+    /** Only while the page is seen: elsewhere the keyboard is another's. */
+    void takeFocus();
     CardMark mark() const;
     void showTexts();
 

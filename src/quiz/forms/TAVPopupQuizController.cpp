@@ -17,9 +17,17 @@
 
 #include <QCoreApplication>
 #include <QLineEdit>
+#include <QLocale>
+
+using namespace std::chrono_literals;
 
 namespace {
 
+/** The user has come to an end with what was being typed elsewhere. */
+constexpr std::chrono::milliseconds idleTimeNeeded = 1500ms;
+constexpr std::chrono::milliseconds maxWaitForIdleTime = 5s;
+/** So long the fingers go on that can't be waited for. */
+constexpr std::chrono::milliseconds deafTime = 800ms;
 constexpr int minMinutes = 1;
 constexpr int maxMinutes = 100;
 /** The longest interval that is taken up again at the next start. */
@@ -82,6 +90,7 @@ void TAVPopupQuizController::localize()
          {m_running->stopQuizButton, m_ui->questionEndQuizButton, m_ui->answerEndQuizButton})
         button->setText(platform::localized("Quiz", "popupEndQuiz"));
     m_ui->nextButton->setText(platform::localized("Quiz", "popupNext"));
+    m_ui->laterButton->setText(platform::localized("Quiz", "popupLater"));
     m_ui->checkButton->setText(platform::localized("Quiz", "popupCheck"));
     m_ui->closeButton->setText(platform::localized("Quiz", "popupClose"));
     m_ui->correctLabel->setText(platform::localized("Quiz", "correct"));
@@ -108,6 +117,9 @@ void TAVPopupQuizController::connectControls()
     using Self = TAVPopupQuizController;
     connect(m_ui->checkButton, &QPushButton::clicked, this, &Self::checkWord);
     connect(m_ui->nextButton, &QPushButton::clicked, this, &Self::next);
+    connect(m_ui->laterButton, &QPushButton::clicked, this, &Self::later);
+    connect(m_window.get(), &PopupPanel::escapePressed, this, &Self::leavePage);
+    connect(m_view, &QuizView::popupEndChosen, this, &Self::stopQuiz);
     connect(m_ui->closeButton, &QPushButton::clicked, this, &Self::close);
     connect(m_ui->iKnewItCheckBox, &QCheckBox::clicked, this, &Self::iKnewIt);
     connect(m_ui->editButton, &QPushButton::clicked, this, &Self::editLastWord);
@@ -121,7 +133,18 @@ void TAVPopupQuizController::connectControls()
     new ReturnKey(m_ui->resultPage, [this] { close(); });
     connect(m_window.get(), &PopupPanel::closing, this, &Self::windowWillClose);
     // An answer on the screen when the program ends is an answer all the same.
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &Self::savePendingAnswer);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, [this] {
+        savePendingAnswer();
+        m_card->giveInputSourceBack();
+    });
+}
+
+void TAVPopupQuizController::leaveRun()
+{
+    if (!m_run.isRunning())
+        return;
+    endRun();
+    hidePanel();
 }
 
 void TAVPopupQuizController::startQuiz()
@@ -144,6 +167,7 @@ void TAVPopupQuizController::showQuiz()
     }
     m_ui->editButton->setEnabled(false);
     setQuestion();
+    showProgress();
     m_ui->popupTabView->setCurrentIndex(questionTab);
     m_window->showInPlace();
     bringWindowToFront();
@@ -159,11 +183,12 @@ void TAVPopupQuizController::setQuestion()
 
 void TAVPopupQuizController::checkWord()
 {
-    if (!m_run.askedWord())
+    if (!m_run.isAsking())
         return;
     const QString answer = m_ui->answerTextField->text();
     const Verdict verdict = m_run.check(answer);
     showVerdict(verdict, answer);
+    showProgress();
     m_ui->popupTabView->setCurrentIndex(answerTab);
     m_ui->nextButton->setFocus();
     if (verdict == Verdict::wrong)
@@ -199,6 +224,27 @@ void TAVPopupQuizController::next()
         return;
     m_ui->popupCard->setColorNeutral();
     savePendingAnswer();
+    putAway();
+}
+
+void TAVPopupQuizController::later()
+{
+    if (!m_run.isAsking())
+        return;
+    m_run.postpone();
+    putAway();
+}
+
+void TAVPopupQuizController::leavePage()
+{
+    if (m_run.isAsking())
+        later();
+    else
+        next();
+}
+
+void TAVPopupQuizController::putAway()
+{
     m_ui->questionTextField->clear();
     m_ui->answerTextField->clear();
     hidePanel();
@@ -207,11 +253,37 @@ void TAVPopupQuizController::next()
     platform::services().desktop->activateApplication(m_oldApp);
 }
 
+void TAVPopupQuizController::showProgress()
+{
+    const RunProgress progress = m_run.questionProgress();
+    const QLocale locale;
+    const QString text = platform::localized("Quiz", "progressStatus")
+                             .arg(locale.toString(progress.reached), locale.toString(progress.total));
+    m_ui->questionProgressLabel->setText(text);
+    m_ui->answerProgressLabel->setText(text);
+    m_view->setPopupProgress(progress);
+}
+
 void TAVPopupQuizController::armTimer()
 {
     m_timer.reset();
     m_timer = platform::clock().startTimer(std::chrono::minutes(m_questionIntervalMinutes), false,
-                                           [this] { showQuiz(); });
+                                           [this] { showQuizWhenIdle(0ms); });
+}
+
+void TAVPopupQuizController::showQuizWhenIdle(std::chrono::milliseconds waited)
+{
+    const std::optional<std::chrono::milliseconds> idle = platform::services().idleTime->sinceLastInput();
+    const auto left = idle ? std::min(idleTimeNeeded - *idle, maxWaitForIdleTime - waited) : 0ms;
+    if (left > 0ms) {
+        // In the place of the timer that has just fired: whatever ends that one ends this wait too.
+        m_timer = platform::clock().startTimer(left, false,
+                                               [this, waited, left] { showQuizWhenIdle(waited + left); });
+        return;
+    }
+    showQuiz();
+    if (!idle || *idle < idleTimeNeeded)
+        m_window->ignoreKeys(deafTime);
 }
 
 void TAVPopupQuizController::updateInterval(int minutes)
@@ -253,6 +325,8 @@ void TAVPopupQuizController::showStatistics()
 void TAVPopupQuizController::unlock()
 {
     m_timer.reset();
+    m_card->giveInputSourceBack();
+    m_view->setPopupProgress(std::nullopt);
     m_running->stopQuizButton->setEnabled(false);
     m_hub->enableAllToolbarItems();
 }
@@ -268,13 +342,17 @@ void TAVPopupQuizController::close()
     m_window->close();
 }
 
-void TAVPopupQuizController::windowWillClose()
+void TAVPopupQuizController::endRun()
 {
-    m_timer.reset();
     m_editor->hidePanel();
     m_run.leave();
     m_card->uncheckBoxes();
     unlock();
+}
+
+void TAVPopupQuizController::windowWillClose()
+{
+    endRun();
     if (m_view->currentPage() == QuizView::popupQuizPage)
         m_showSetup();
 }
@@ -290,8 +368,7 @@ void TAVPopupQuizController::bringWindowToFront()
 {
     const QString text =
         m_run.askedWord() ? m_run.questionText(*m_run.askedWord()) : m_ui->statisticsIntro->text();
-    m_window->bringToFront(
-        text, [this] { return m_run.isRunning() || m_ui->popupTabView->currentIndex() == resultTab; });
+    m_window->bringToFront(text, [this] { return m_window->isVisible(); });
 }
 
 void TAVPopupQuizController::shakeWindow()
@@ -313,8 +390,12 @@ void TAVPopupQuizController::closeAddWordPopover()
         m_editor->closeWordPanel(nullptr);
 }
 
-void TAVPopupQuizController::wordPopoverDidEditWords(const TAVWordList &)
+void TAVPopupQuizController::wordPopoverDidEditWords(const TAVWordList &words)
 {
+    if (const TAVWordList gone = m_run.goneWords(words); !gone.isEmpty()) {
+        wordPopoverDidDeleteWords(gone);
+        return;
+    }
     m_editor->hidePanel();
     if (m_run.lastWord())
         m_card->showLastTexts();

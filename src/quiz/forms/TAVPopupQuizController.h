@@ -39,12 +39,15 @@ public:
                            std::function<void()> showSetup);
     ~TAVPopupQuizController() override;
 
+    void leaveRun() override;
     void startQuiz() override;
     QuizView::Page page() const override { return QuizView::popupQuizPage; }
 
     /** Brings up the next question, or the result when all are answered. */
     void showQuiz();
     void checkWord();
+    /** Puts the panel out of sight without an answer; the same question comes again after the wait. */
+    void later();
     /** Books the answer, puts the panel out of sight, and waits. */
     void next();
     void iKnewIt();
@@ -81,10 +84,19 @@ private:
     void showVerdict(Verdict verdict, const QString &answer);
     void savePendingAnswer();
     void hidePanel();
+    /** Ends the run without its result; the answer on the screen is saved. */
+    void endRun();
     void windowWillClose();
     /** The run is over, however it ended. */
     void unlock();
     void armTimer();
+    /** Lets the user who is typing elsewhere come to an end, as far as that can be told, then shows the
+     * panel. */
+    void showQuizWhenIdle(std::chrono::milliseconds waited);
+    /** What next() and later() have in common: out of sight until the timer brings the panel again. */
+    void putAway();
+    void leavePage();
+    void showProgress();
 
     QuizView *m_view;
     QuizHub *m_hub;

@@ -14,16 +14,14 @@
 #include "widgets/TAVCardView.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QLineEdit>
 #include <QLocale>
 
 #include <numeric>
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr std::chrono::milliseconds startDelay = 200ms;
 /** The main window builds the page once more half a second after it was opened. */
 constexpr qint64 secondCallWithinMs = 750;
 constexpr qint64 maxProposedWords = 30;
@@ -108,7 +106,24 @@ void TAVQuizSetupController::connectControls()
         [this](const QString &substring) { return completionsForSubstring(substring); });
     connect(m_ui->quizStartQuizButton, &QPushButton::clicked, this, &TAVQuizSetupController::startQuiz);
     m_view->result()->setNewQuizAction([this] { showQuiz(); });
-    new ReturnKey(m_view->page(QuizView::setupPage), [this] { m_ui->quizStartQuizButton->click(); });
+    m_view->page(QuizView::setupPage)->installEventFilter(this);
+    new ReturnKey(
+        m_view->page(QuizView::setupPage), [this] { m_ui->quizStartQuizButton->click(); },
+        [this] { return m_view->steps().isPending(); });
+}
+
+bool TAVQuizSetupController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show && !event->spontaneous())
+        takeFocus();
+    return QObject::eventFilter(watched, event);
+}
+
+void TAVQuizSetupController::takeFocus()
+{
+    const QWidget *page = m_view->page(QuizView::setupPage);
+    if (page->isVisible() && !page->isAncestorOf(QApplication::focusWidget()))
+        m_ui->quizStartQuizButton->setFocus();
 }
 
 void TAVQuizSetupController::setForm(int mode, QuizForm *form)
@@ -154,8 +169,7 @@ void TAVQuizSetupController::showQuiz()
     m_view->setProgressVisible(false);
     if (!m_infoPanels->showRatingPrompt())
         m_infoPanels->showInfoPanel();
-    if (!m_view->page(QuizView::setupPage)->isAncestorOf(QApplication::focusWidget()))
-        m_ui->quizStartQuizButton->setFocus();
+    takeFocus();
 }
 
 void TAVQuizSetupController::showDirections()
@@ -393,6 +407,12 @@ void TAVQuizSetupController::startQuiz()
     QuizForm *form = chosenForm();
     if (!form)
         return;
+    for (QuizForm *each : m_forms) {
+        if (each)
+            each->finishSteps();
+    }
+    m_view->steps().runNow();
+    form->leaveRun();
     form->setVocabulary(m_vocabularyController->vocabulary());
     if (isSelectionAsked()) {
         form->setWordsToAsk(m_preSelectedWords);
@@ -409,7 +429,7 @@ void TAVQuizSetupController::startQuiz()
     m_ui->errorLabel->hide();
     m_isStarting = true;
     m_hasStartedSinceOpening = true;
-    platform::clock().callAfter(startDelay, this, [this, form] { startForm(form); });
+    m_view->steps().add(this, [this, form] { startForm(form); });
     m_preSelectedWords.clear();
     m_infoPanels->hideInfo();
 }

@@ -63,6 +63,9 @@ public:
     /** The announcement and the prompt of this page. */
     InfoPanels *infoPanels() const { return m_infoPanels.get(); }
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     static constexpr int numberOfForms = 3;
     using LevelCounts = std::array<qint64, TAVLexicon::numberOfLevels>;
@@ -87,6 +90,8 @@ private:
     QuizForm *chosenForm() const;
     void fillOptions(QuizForm &form) const;
     void startForm(QuizForm *form);
+    /** Gives the start button the keyboard if this page is seen and nothing on it has it. */
+    void takeFocus();
     bool isSecondCallOfOpening() const;
     bool isSelectionAsked() const { return m_preSelectedWords.size() >= 2; }
 

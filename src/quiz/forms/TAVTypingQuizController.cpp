@@ -4,6 +4,7 @@
 #include "platform/Services.h"
 #include "platform/Texts.h"
 #include "quiz/forms/CardStyle.h"
+#include "quiz/forms/HeldKeys.h"
 #include "quiz/forms/LevelPicture.h"
 #include "quiz/forms/QuizResultPage.h"
 #include "quiz/forms/ReturnKey.h"
@@ -19,7 +20,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::chrono::milliseconds stepDelay = 200ms;
 constexpr std::chrono::milliseconds firstFocusDelay = 1s;
 constexpr int markSize = 32;
 
@@ -94,39 +94,46 @@ void TAVTypingQuizController::connectControls()
     m_ui->answerTextField->setOhDelegate(this);
     connect(m_view->flip(), &CardFlip::animationDidStop, this, &TAVTypingQuizController::focusWhatComesNext);
     m_view->page(QuizView::typingQuizPage)->installEventFilter(this);
-    new ReturnKey(m_view->page(QuizView::typingQuizPage),
-                  [this] { nextWord() ? m_ui->nextButton->click() : m_ui->showStatisticsButton->click(); });
+    const auto isBusy = [this] { return m_view->steps().isPending(); };
+    new ReturnKey(
+        m_view->page(QuizView::typingQuizPage),
+        [this] { nextWord() ? m_ui->nextButton->click() : m_ui->showStatisticsButton->click(); }, isBusy);
+    m_heldKeys = new HeldKeys(m_ui->answerTextField, isBusy);
 }
 
 bool TAVTypingQuizController::eventFilter(QObject *watched, QEvent *event)
 {
-    // A panel that outlives its run would write the last word's texts beside another run's question.
-    if (event->type() == QEvent::Hide && !event->spontaneous())
+    if (event->type() == QEvent::Hide && !event->spontaneous()) {
+        // A panel that outlives its run would write the last word's texts beside another run's question.
         m_editor->hidePanel();
+        m_card->giveInputSourceBack();
+    } else if (event->type() == QEvent::Show && !event->spontaneous()) {
+        focusWhatComesNext();
+    }
     return QObject::eventFilter(watched, event);
 }
 
-void TAVTypingQuizController::scheduleOnPage(QuizView::Page page, void (TAVTypingQuizController::*step)())
+void TAVTypingQuizController::schedule(void (TAVTypingQuizController::*step)())
 {
-    platform::clock().callAfter(stepDelay, this, [this, page, step] {
-        if (m_view->currentPage() == page)
-            (this->*step)();
+    m_view->steps().add(this, [this, step] {
+        (this->*step)();
+        m_heldKeys->drop();
     });
 }
 
 void TAVTypingQuizController::next()
 {
-    scheduleOnPage(QuizView::typingQuizPage, &TAVTypingQuizController::executeNext);
+    schedule(&TAVTypingQuizController::executeNext);
 }
 
 void TAVTypingQuizController::showStatistics()
 {
-    scheduleOnPage(QuizView::typingQuizPage, &TAVTypingQuizController::executeShowStatistics);
+    schedule(&TAVTypingQuizController::executeShowStatistics);
 }
 
 void TAVTypingQuizController::restartQuizWithWrong()
 {
-    scheduleOnPage(QuizView::resultPage, &TAVTypingQuizController::executeRestartQuizWithWrong);
+    schedule(&TAVTypingQuizController::executeRestartQuizWithWrong);
 }
 
 void TAVTypingQuizController::startQuiz()
@@ -150,7 +157,8 @@ void TAVTypingQuizController::showBeginning()
         settings::hasShownQuizHelpQuestion.set(true);
     m_ui->cardRightHelpArrow->setVisible(showsHelp);
     m_ui->cardRightHelpText->setVisible(showsHelp);
-    m_ui->answerTextField->setFocus();
+    if (!m_view->isVisible())
+        m_card->giveInputSourceBack();
 }
 
 void TAVTypingQuizController::clearLeftHalf()
@@ -200,7 +208,9 @@ void TAVTypingQuizController::executeNext()
         m_ui->cardRightHelpArrow->hide();
         m_ui->cardRightHelpText->hide();
     }
-    m_view->flip()->flipFirstHalf();
+    const bool isInFront = m_view->currentPage() == QuizView::typingQuizPage;
+    if (isInFront)
+        m_view->flip()->flipFirstHalf();
 
     const TAVWordRef asked = nextWord();
     const QString answer = m_ui->answerTextField->text();
@@ -214,6 +224,7 @@ void TAVTypingQuizController::executeNext()
     m_run.askNext();
     if (nextWord()) {
         setQuestion();
+        m_heldKeys->typeIntoField();
     } else {
         showQuestionControls(false);
         m_view->statusText()->hide();
@@ -221,6 +232,12 @@ void TAVTypingQuizController::executeNext()
     }
     m_view->showProgress(m_run.progress());
     m_run.saveAnswer();
+    // The page may have been left since the press: the answer counts, but must not colour another page's
+    // card.
+    if (!isInFront)
+        m_view->card()->setColorNeutral();
+    if (!isSeen())
+        m_card->giveInputSourceBack();
     m_view->flip()->flipSecondHalf();
     m_view->card()->update();
     focusWhatComesNext();
@@ -277,6 +294,9 @@ void TAVTypingQuizController::iKnewIt()
 
 void TAVTypingQuizController::executeShowStatistics()
 {
+    // A double click asks twice for the same result.
+    if (m_view->currentPage() == QuizView::resultPage)
+        return;
     m_view->flip()->flipFirstHalf();
     m_view->card()->setIsSplit(false);
     m_run.end();
@@ -300,13 +320,18 @@ void TAVTypingQuizController::executeRestartQuizWithWrong()
     m_run.beginWithWrongWords();
     showBeginning();
     m_view->showPage(QuizView::typingQuizPage);
-    m_ui->answerTextField->setFocus();
+    focusWhatComesNext();
     m_view->flip()->flipSecondHalf();
+}
+
+bool TAVTypingQuizController::isSeen() const
+{
+    return m_view->page(QuizView::typingQuizPage)->isVisible();
 }
 
 void TAVTypingQuizController::focusWhatComesNext()
 {
-    if (m_view->currentPage() != QuizView::typingQuizPage)
+    if (!isSeen())
         return;
     if (nextWord())
         m_ui->answerTextField->setFocus();
@@ -333,8 +358,12 @@ void TAVTypingQuizController::closeEditor()
     focusWhatComesNext();
 }
 
-void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &)
+void TAVTypingQuizController::wordPopoverDidEditWords(const TAVWordList &words)
 {
+    if (const TAVWordList gone = m_run.goneWords(words); !gone.isEmpty()) {
+        wordPopoverDidDeleteWords(gone);
+        return;
+    }
     closeEditor();
     // By the direction of the present question, which can differ from that of the word on the left.
     m_card->showLastTexts();

@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class HeldKeys;
 class QuizView;
 class TAVWordPopoverController;
 class TypedCard;
@@ -67,8 +68,8 @@ protected:
 private:
     void localize();
     void connectControls();
-    /** Runs the step after the delay of a button, unless the page has been left meanwhile. */
-    void scheduleOnPage(QuizView::Page page, void (TAVTypingQuizController::*step)());
+    /** Runs the step after the delay of a button. */
+    void schedule(void (TAVTypingQuizController::*step)());
     void executeNext();
     void executeShowStatistics();
     void executeRestartQuizWithWrong();
@@ -82,6 +83,8 @@ private:
     void showMark(Verdict verdict);
     void showLeftHelp(Verdict verdict);
     void closeEditor();
+    bool isSeen() const;
+    /** Only while the page is seen: elsewhere the keyboard is another's. */
     void focusWhatComesNext();
     static void setControl(QWidget *control, bool enableAndShow);
 
@@ -90,4 +93,5 @@ private:
     std::unique_ptr<TAVWordPopoverController> m_editor;
     TypingRun m_run;
     std::unique_ptr<TypedCard> m_card;
+    HeldKeys *m_heldKeys = nullptr;
 };

@@ -118,11 +118,21 @@ void TypedCard::uncheckBoxes()
     m_controls.knewIt->setChecked(false);
 }
 
-void TypedCard::selectInputSourceOfAnswer() const
+void TypedCard::selectInputSourceOfAnswer()
 {
     const TAVLexiconRef &vocabulary = m_run.vocabulary();
     if (!vocabulary || !vocabulary->isAutoSelectInputSource())
         return;
-    platform::services().inputSources->selectInputSource(
-        m_run.lastAskedForeign() ? vocabulary->foreignTextInputSource() : vocabulary->yourTextInputSource());
+    const platform::InputSourceRef source =
+        m_run.lastAskedForeign() ? vocabulary->foreignTextInputSource() : vocabulary->yourTextInputSource();
+    platform::InputSources *sources = platform::services().inputSources;
+    if (source && !m_inputSourceBackup)
+        m_inputSourceBackup = sources->currentKeyboardLayoutInputSource();
+    sources->selectInputSource(source);
+}
+
+void TypedCard::giveInputSourceBack()
+{
+    if (const auto backup = std::exchange(m_inputSourceBackup, std::nullopt))
+        platform::services().inputSources->selectInputSource(*backup);
 }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/InputSources.h"
 #include "quiz/TypedRun.h"
 
 #include <QObject>
+
+#include <optional>
 
 class QCheckBox;
 class QLabel;
@@ -63,10 +66,14 @@ public:
     static bool showsAnswer(Verdict verdict, const QString &answer);
     void uncheckBoxes();
     /** Switches the keyboard to the language of the answer, if the user wants that. */
-    void selectInputSourceOfAnswer() const;
+    void selectInputSourceOfAnswer();
+    /** Switches it back to what it was before, if it was switched. */
+    void giveInputSourceBack();
 
 private:
     TypedRun &m_run;
     TAVCardView *m_card;
     Controls m_controls;
+    /** Before the first switch; it may be one that can't be told. */
+    std::optional<platform::InputSourceRef> m_inputSourceBackup;
 };

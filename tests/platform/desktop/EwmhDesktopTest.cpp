@@ -40,6 +40,7 @@ TEST_F(EwmhDesktopTest, FollowsTheUserToAnotherDesktop)
     panel.show();
     const auto window = quint32(panel.winId());
     ASSERT_TRUE(comesToFront(window));
+    EXPECT_FALSE(desktop->isOnAnotherDesktop(window));
     // Pretend to be a pager that leaves for the second desktop.
     xcb_client_message_event_t event = {};
     event.response_type = XCB_CLIENT_MESSAGE;
@@ -51,10 +52,12 @@ TEST_F(EwmhDesktopTest, FollowsTheUserToAnotherDesktop)
                    reinterpret_cast<const char *>(&event));
     xcb_flush(connection);
     ASSERT_TRUE(QTest::qWaitFor([&] { return root("_NET_CURRENT_DESKTOP").value(0) == 1; }));
+    EXPECT_TRUE(desktop->isOnAnotherDesktop(window));
 
     desktop->raiseAboveAll(window);
     EXPECT_TRUE(
         QTest::qWaitFor([&] { return x11::numbers(connection, window, "_NET_WM_DESKTOP").value(0) == 1; }));
+    EXPECT_FALSE(desktop->isOnAnotherDesktop(window));
     EXPECT_TRUE(becomesActive(window));
     EXPECT_EQ(root("_NET_CURRENT_DESKTOP").value(0), 1u) << "the panel comes to the user, not the user to it";
 }
