@@ -58,7 +58,7 @@ void AppDelegate::applicationWillFinishLaunching()
 QList<AppDelegate::Notice> AppDelegate::notices() const
 {
     using platform::SettingsState;
-    QList<Notice> notices;
+    QList<Notice> notices = m_addedNotices;
     const QString folder = vocabularyFolderPath();
     if (const auto entries = files::list(folder); !entries)
         notices.append({QStringLiteral("folderUnreadableLabel"),

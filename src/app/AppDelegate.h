@@ -43,6 +43,8 @@ public:
         QString name;
         QString text;
     };
+    /** One more for notices(). */
+    void addNotice(const Notice &notice) { m_addedNotices.append(notice); }
     /** What is wrong with the program's surroundings, but not so that it couldn't run. */
     QList<Notice> notices() const;
 
@@ -73,4 +75,5 @@ private:
 
     MainWindowLink *m_mainWindowController = nullptr;
     std::optional<files::FolderLock> m_folderLock;
+    QList<Notice> m_addedNotices;
 };

@@ -38,7 +38,8 @@ int refuse(SystemServices &services, const QString &text)
 }
 
 /** From the first folder to the end of all work; the process's result. */
-int run(Application &application, SystemServices &services, SingleInstance &instance)
+int run(Application &application, SystemServices &services, SingleInstance &instance,
+        const QList<AppDelegate::Notice> &notices)
 {
     Composition composition;
     AppDelegate &delegate = composition.delegate();
@@ -48,6 +49,8 @@ int run(Application &application, SystemServices &services, SingleInstance &inst
     if (AppDelegate::vocabularyFolderPath().isEmpty())
         return end(services, 1); // The user has been told that there is nowhere to keep anything.
     application.setShouldTerminate([&delegate] { return delegate.applicationShouldTerminate(); });
+    for (const AppDelegate::Notice &notice : notices)
+        delegate.addNotice(notice);
     delegate.applicationWillFinishLaunching();
     Program &program = composition.makeProgram();
     program.awakeFromNib();
@@ -79,7 +82,10 @@ int main(int argc, char **argv)
         return end(services, 0);
     if (role == SingleInstance::Role::blocked)
         return refuse(services, platform::localized("noAnswer"));
+    QList<AppDelegate::Notice> notices;
+    // Then the lock beside the data decides alone.
     if (role == SingleInstance::Role::unwritable)
-        return refuse(services, platform::localized("runtimeUnwritable").arg(runtimeFolder));
-    return run(application, services, instance);
+        notices.append({QStringLiteral("runtimeUnwritableLabel"),
+                        platform::localized("runtimeUnwritable").arg(runtimeFolder)});
+    return run(application, services, instance, notices);
 }

@@ -113,22 +113,26 @@ void Journal::forget(const QString &path) const
     operations().remove(QFile::encodeName(recordPath(path)));
 }
 
-QStringList Journal::settle(const IsWhole &isWhole, const Keep &keep) const
+QStringList Journal::settle(const QString &folder, const IsWhole &isWhole, const Keep &keep) const
 {
     QStringList mended;
     const Result<QList<Entry>> entries = list(m_folder);
     if (!entries)
         return mended;
     for (const Entry &entry : *entries) {
+        const bool isRecord = entry.name.endsWith(recordSuffix);
+        if (!isRecord && !entry.name.endsWith(draftSuffix))
+            continue;
         const QString recordName = m_folder + u'/' + entry.name;
         const std::optional<Record> record =
-            entry.name.endsWith(recordSuffix) ? Record::fromSerialized(bytesOf(recordName)) : std::nullopt;
+            isRecord ? Record::fromSerialized(bytesOf(recordName)) : std::nullopt;
         bool isSettled = true;
         if (record) {
             const QByteArray present = bytesOf(record->path);
             const QString presentHash = hashOf(present);
-            const bool isTorn = !present.isNull() && presentHash != record->oldHash &&
-                                presentHash != hashOf(record->bytes) && !isWhole(present);
+            const bool isTorn = QFileInfo(record->path).path() == folder && !present.isNull() &&
+                                presentHash != record->oldHash && presentHash != hashOf(record->bytes) &&
+                                !isWhole(present);
             if (isTorn) {
                 isSettled = bool(files::writeInPlace(record->path, record->bytes));
                 if (isSettled)

@@ -40,10 +40,11 @@ public:
 
     /**
      * Goes through what was left behind; to be called before anybody reads those files. A torn file gets the
-     * bytes that it was to have. One that is whole, or gone, is left alone: the recorded bytes go to keep,
+     * bytes that it was to have, if it lies directly in the folder: the record may have come from elsewhere,
+     * with a copy of all folders. One that is whole, or gone, is left alone: the recorded bytes go to keep,
      * unless the file holds them. Returns the paths of the files that were mended.
      */
-    QStringList settle(const IsWhole &isWhole, const Keep &keep) const;
+    QStringList settle(const QString &folder, const IsWhole &isWhole, const Keep &keep) const;
 
 private:
     struct Record;

@@ -83,8 +83,10 @@ public:
     explicit FileSettings(const QString &folder)
     {
         const QFileInfo file(settingsPath(folder));
-        // Reading from a pipe would wait for somebody at its other end for ever.
-        if (folder.isEmpty() || (file.exists() && !file.isFile()))
+        // Reading from a pipe would wait for somebody at its other end for ever. So would the store for the
+        // end of a lock that is none.
+        if (folder.isEmpty() || isInTheWay(file) ||
+            isInTheWay(QFileInfo(file.filePath() + QLatin1String(".lock"))))
             return;
         makeFolder(folder);
         m_store.emplace(file.filePath(), QSettings::IniFormat);
@@ -134,6 +136,7 @@ public:
     SettingsState state() const override { return m_state; }
 
 private:
+    static bool isInTheWay(const QFileInfo &file) { return file.exists() && !file.isFile(); }
     static void makeFolder(const QString &folder)
     {
         if (!QFileInfo::exists(folder) && QDir().mkpath(folder))

@@ -1,14 +1,14 @@
 #include "storage/Overwriting.h"
 
 #include "app/ground/Rescue.h"
-#include "files/Files.h"
 #include "platform/Services.h"
 #include "storage/VocabularyFiles.h"
 
-#include <QFileInfo>
 #include <QHash>
 #include <QMutex>
 #include <QSet>
+
+#include <memory>
 
 namespace {
 
@@ -17,6 +17,8 @@ struct Known
 {
     files::Identity written;
     files::Identity loaded;
+    /** Older objects of the same file lack what has come into it meanwhile. */
+    std::weak_ptr<TAVLexicon> loadedInto;
     qsizetype jsonSize = 0;
     QDateTime rescued;
 };
@@ -63,10 +65,13 @@ bool isWithinAnHour(const QDateTime &time)
 
 } // namespace
 
-void storage::noteLoaded(const QString &path)
+void storage::noteLoaded(const QString &path, const files::Identity &identity,
+                         const TAVLexiconRef &vocabulary)
 {
     const QMutexLocker lock(&run().mutex);
-    run().paths[path].loaded = files::identityOf(path);
+    Known &known = run().paths[path];
+    known.loaded = identity;
+    known.loadedInto = vocabulary;
 }
 
 void storage::noteWritten(const QString &path, qsizetype jsonSize)
@@ -100,8 +105,7 @@ void storage::rescueBeforeSave(const QString &path, const TAVLexicon &vocabulary
         known = run().paths.value(path);
     }
     const bool isOurs = present == known.written;
-    const bool isWhatWasLoaded =
-        present == known.loaded && vocabulary.fileNameWhereLoadedFrom() == QFileInfo(path).fileName();
+    const bool isWhatWasLoaded = present == known.loaded && known.loadedInto.lock().get() == &vocabulary;
     if (jsonSize > maxReadableJson && (!isOurs || known.jsonSize <= maxReadableJson)) {
         rescue::keepFile(path);
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/Files.h"
 #include "model/TAVLexicon.h"
 
 #include <QString>
@@ -11,8 +12,11 @@
  */
 namespace storage {
 
-/** For a file that was just loaded: what its object lacks later, the user has taken out. */
-void noteLoaded(const QString &path);
+/**
+ * For a file that was just loaded: what this object lacks later, the user has taken out. The identity is the
+ * one from before the file was read: somebody else may have written it since.
+ */
+void noteLoaded(const QString &path, const files::Identity &identity, const TAVLexiconRef &vocabulary);
 /** For a file that was just written, and the size of the JSON that was packed into it. */
 void noteWritten(const QString &path, qsizetype jsonSize);
 /** For a file that was just unpacked. */

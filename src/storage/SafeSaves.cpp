@@ -44,10 +44,10 @@ files::Result<> writeVocabularyFile(const QString &path, const QByteArray &bytes
 
 void finishTornWrites()
 {
-    const QStringList mended =
-        journal().settle(isWholeStream, [](const QString &path, const QByteArray &bytes) {
-            return rescue::keep(QFileInfo(path).fileName(), bytes);
-        });
+    const QStringList mended = journal().settle(AppGround::vocabularyFolderPath(), isWholeStream,
+                                                [](const QString &path, const QByteArray &bytes) {
+                                                    return rescue::keep(QFileInfo(path).fileName(), bytes);
+                                                });
     for (const QString &path : mended)
         platform::diagnosticLog(QStringLiteral("StorageM > finished the write of %1").arg(path));
 }

@@ -115,11 +115,12 @@ bool TAVStorageManager::saveVocabularyToLXAFile(TAVLexiconRef vocabulary, const 
 
 TAVLexiconRef TAVStorageManager::vocabularyFromFile(const QString &path)
 {
+    const files::Identity identity = files::identityOf(path);
     const bool isArchive = QFileInfo(path).suffix() == archiveExtension;
     const TAVLexiconRef vocabulary = isArchive ? vocabularyFromLXAFile(path) : vocabularyFromTAVVFile(path);
     if (vocabulary) {
         vocabulary->setFileNameWhereLoadedFrom(QFileInfo(path).fileName());
-        storage::noteLoaded(path);
+        storage::noteLoaded(path, identity, vocabulary);
     }
     return vocabulary;
 }

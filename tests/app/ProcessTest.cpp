@@ -135,6 +135,26 @@ TEST_F(ProcessTest, OneFolderHasOneWriterWhateverTheSession)
     EXPECT_EQ(exitCode(*next), 0);
 }
 
+TEST_F(ProcessTest, WithoutALockOfTheSessionTheOneBesideTheDataDecides)
+{
+    QTemporaryDir full;
+    ASSERT_TRUE(QDir(full.path()).mkdir(u"tavimo.lock"_qs)) << "no file can be made there";
+    const auto startWithoutRoom = [&] { return start({{u"XDG_RUNTIME_DIR"_qs, full.path()}}); };
+    auto first = startWithoutRoom();
+    first->setReadChannel(QProcess::StandardError);
+    ASSERT_TRUE(hasStarted(*first));
+    auto second = startWithoutRoom();
+    second->setReadChannel(QProcess::StandardError);
+    QByteArray output;
+    while (!output.contains(services.directory.path().toUtf8()) && second->waitForReadyRead(patienceInMs))
+        output += second->readAllStandardError();
+    EXPECT_TRUE(output.contains(services.directory.path().toUtf8()));
+    for (QProcess *process : {second.get(), first.get()}) {
+        process->terminate();
+        EXPECT_EQ(exitCode(*process), process == first.get() ? 0 : 1);
+    }
+}
+
 TEST_F(ProcessTest, OfManyStartsAtOnceOneRuns)
 {
     std::array<std::unique_ptr<QProcess>, 4> processes;

@@ -124,6 +124,8 @@ TEST_F(SettingsTest, whateverStandsInTheirPlaceTheProgramGoesOnAndCanTell)
              QFile::link(QStringLiteral("/dev/zero"), file());
          },
          SettingsState::Unusable, false},
+        {"a folder in the place of their lock", [&] { makeFolder(file() + QStringLiteral(".lock")); },
+         SettingsState::Unusable, false},
         {"a folder in the place of the file", [&] { makeFolder(file()); }, SettingsState::Unusable, false},
         {"a file in the place of the folder",
          [&] {

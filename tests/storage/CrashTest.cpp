@@ -315,6 +315,21 @@ TEST_F(CrashTest, WhatFindsNoPlaceInItsFileIsRescued)
     EXPECT_EQ(wordsAfterAStart(), 10);
     EXPECT_EQ(rescuedWords(), -1);
 
+    // What lies elsewhere is none of the journal's business, whatever a record says.
+    leaveRecord();
+    const QString elsewhere = root() + u"/mine.txt"_s;
+    writeBytes(elsewhere, "mine");
+    const QString foreign = journal.filePath(journal.entryList(QDir::Files).value(0));
+    writeBytes(foreign, bytesOf(foreign).replace(path.toUtf8(), elsewhere.toUtf8()));
+    writeBytes(journal.filePath(u"notes.txt"_s), "mine");
+    EXPECT_EQ(wordsAfterAStart(), 10);
+    EXPECT_EQ(bytesOf(elsewhere), "mine");
+    EXPECT_EQ(bytesOf(journal.filePath(u"notes.txt"_s)), "mine");
+    QFile::remove(journal.filePath(u"notes.txt"_s));
+    const QStringList kept = QDir(rescue::folderPath()).entryList({u"mine-*.txt"_s}, QDir::Files);
+    EXPECT_EQ(kept.size(), 1);
+    QDir(rescue::folderPath()).removeRecursively();
+
     // A record that was damaged is believed in nothing.
     leaveRecord();
     const QString record = journal.filePath(journal.entryList(QDir::Files).value(0));

@@ -355,9 +355,10 @@ TEST_F(FilesTest, rescuedCopiesGoWhenTheyAreOldOrTooMany)
     put("A", 3, 1);
     put("A", 89, 1);
     put("A", 91, 1);
+    put("A-2026-01-02-03-04-05", 91, 1);
     put("B", 400, 1);
-    put("B", 401, 1);
-    EXPECT_EQ(left(), u"A3 A89 B400"_s) << "the newest of a name stays";
+    put("B-2026-01-02-03-04-05", 401, 1);
+    EXPECT_EQ(left(), u"A3 A89 B400"_s) << "the newest of a name stays, or of the backups of that";
 
     constexpr qint64 mebibyte = 1 << 20;
     put("A", 3, 100 * mebibyte);
@@ -370,6 +371,18 @@ TEST_F(FilesTest, rescuedCopiesGoWhenTheyAreOldOrTooMany)
     put("A", 4, 1);
     put("B", 50, 150 * mebibyte);
     EXPECT_EQ(left(), u"A3"_s);
+}
+
+TEST_F(FilesTest, aNameThatLeavesNoRoomForAStampIsCut)
+{
+    const QString name = QString(108, u'é') + u"x (a conflicted copy).tavv"_s;
+    for (const QByteArray &bytes : {QByteArray("a"), QByteArray("b"), QByteArray("b")})
+        EXPECT_TRUE(rescue::keep(name, bytes));
+    EXPECT_TRUE(rescue::keep(u'x' + name, "b"));
+    const QStringList names = QDir(rescue::folderPath()).entryList(QDir::Files);
+    ASSERT_EQ(names.size(), 3) << "equal bytes are known by the cut name too";
+    for (const QString &kept : names)
+        EXPECT_TRUE(kept.contains(QString(108, u'é')) && kept.endsWith(u".tavv"_s)) << kept.toStdString();
 }
 
 TEST_F(FilesTest, aSaveMakesTheFoldersAnewThatWereDeletedMeanwhile)
@@ -448,6 +461,45 @@ TEST_F(FilesTest, aSaveDestroysNoWordThatNobodyHasSeen)
     loaded->removeWords(loaded->allWords());
     ASSERT_TRUE(TAVStorageManager::saveVocabulary(loaded));
     EXPECT_EQ(rescued(), 0) << "what was loaded and deleted";
+
+    // Another program writes: after an object was loaded that a quiz still holds, and while one is being
+    // read.
+    const QByteArray others = bzip2(R"({"unknownWords":{"words":[{"yw":"z"}]}})");
+    writeBytes(path, bzip2("{\"foreignLanguageName\":\"Italian\",\"yourLanguageName\":\"English\"}"));
+    const TAVLexiconRef held = TAVStorageManager::vocabularyFromFile(path);
+    writeBytes(path, others);
+    ASSERT_TRUE(TAVStorageManager::vocabularyFromFile(path));
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(held));
+    EXPECT_EQ(rescued(), 1) << "the object of before lacks the word";
+    startAnew();
+    class WrittenWhileRead : public files::FileOperations
+    {
+    public:
+        WrittenWhileRead(QString path, QByteArray bytes)
+            : m_path(std::move(path))
+            , m_bytes(std::move(bytes))
+            , m_previous(files::installOperations(this))
+        {
+        }
+        ~WrittenWhileRead() override { files::installOperations(m_previous); }
+        int dropFromCache(int file) override
+        {
+            writeBytes(m_path, m_bytes);
+            return FileOperations::dropFromCache(file);
+        }
+
+    private:
+        QString m_path;
+        QByteArray m_bytes;
+        files::FileOperations *m_previous;
+    };
+    const auto readMeanwhile = [&] {
+        const WrittenWhileRead other(path, others);
+        return TAVStorageManager::vocabularyFromFile(path);
+    }();
+    ASSERT_TRUE(TAVStorageManager::saveVocabulary(readMeanwhile));
+    EXPECT_EQ(rescued(), 1) << "nobody has seen what was written meanwhile";
+    startAnew();
 
     // An old backup in the folder, whose names point at the newer file.
     ASSERT_TRUE(TAVStorageManager::saveVocabulary(withWords({u"a"_s, u"b"_s})));

@@ -181,6 +181,22 @@ TEST_F(AddingTest, AReturnThatIsHeldDownEntersNothingForTheNextWord)
     EXPECT_TRUE(editor()->isInAddingMode());
 }
 
+TEST_F(AddingTest, AnAlertEndsWhatWasTypedAhead)
+{
+    startWith(makeItalian());
+    table()->setFocus();
+    words()->showAddWordPanel();
+    vocabulary()->setForeignLanguageName(u"../Italian"_s);
+    QTest::keyClicks(table(), u"pane"_s);
+    QTest::keyClick(table(), Qt::Key_Return);
+    QTest::keyClicks(table(), u"x"_s);
+    QTest::keyClick(table(), Qt::Key_Return);
+    services.alerts.shown.clear();
+    passTime(600ms);
+    EXPECT_EQ(services.alerts.shown.size(), 1) << "a key typed before the alert must not answer it again";
+    EXPECT_EQ(foreign()->text(), u"pane"_s);
+}
+
 TEST_F(AddingTest, NothingIsKeptForAPanelThatDoesNotCome)
 {
     startWith(makeItalian());

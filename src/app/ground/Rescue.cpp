@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <map>
 #include <mutex>
+#include <tuple>
 
 namespace {
 
@@ -18,6 +19,8 @@ constexpr qint64 maxFolderBytes = qint64(256) << 20;
 constexpr qint64 maxAgeDays = 90;
 /** Larger files are no vocabularies. */
 constexpr qint64 maxCopyBytes = qint64(64) << 20;
+/** The file system takes 255 bytes, of which the stamp and a number need some. */
+constexpr qsizetype maxNameBytes = 225;
 
 /** One at a time, so that two threads don't keep the same twice. */
 std::mutex &mutex()
@@ -38,12 +41,34 @@ struct Copy
 
 bool isNewer(const Copy &a, const Copy &b)
 {
-    return a.stamp > b.stamp;
+    return std::tie(a.stamp, a.path) > std::tie(b.stamp, b.path);
 }
 
 QString stampOf(const QDateTime &time)
 {
     return time.toTimeZone(platform::clock().timeZone()).toString(QStringLiteral("yyyy-MM-dd-HH-mm-ss"));
+}
+
+/** Conflicted copies have longer names than any language; cut, they find their place all the same. */
+QString fittingName(const QString &fileName)
+{
+    const QFileInfo info(fileName);
+    const QString extension = info.suffix().isEmpty() ? QString() : u'.' + info.suffix();
+    QByteArray base = info.completeBaseName().toUtf8();
+    if (base.size() + extension.toUtf8().size() <= maxNameBytes)
+        return fileName;
+    base.truncate(std::max<qsizetype>(maxNameBytes - extension.toUtf8().size(), 0));
+    // Not within a character.
+    while (!base.isValidUtf8())
+        base.chop(1);
+    return QString::fromUtf8(base) + extension;
+}
+
+/** The name of the vocabulary's file, also for a copy of one of its backups. */
+QString withoutStamps(const QString &fileName)
+{
+    static const QRegularExpression stamps(QStringLiteral("(?:-\\d{4}(?:-\\d\\d){5})+(?=\\.[^.]*$)"));
+    return QString(fileName).remove(stamps);
 }
 
 /** By file name, the newest of each first. */
@@ -89,9 +114,10 @@ QString rescue::folderPath()
     return AppGround::ownFolderPath(QStringLiteral("Rescued"));
 }
 
-bool rescue::keep(const QString &fileName, const QByteArray &bytes)
+bool rescue::keep(const QString &wholeName, const QByteArray &bytes)
 {
     const std::lock_guard lock(mutex());
+    const QString fileName = fittingName(wholeName);
     const QString folder = folderPath();
     const Copies copies = copiesIn(folder);
     if (const auto found = copies.find(fileName); found != copies.end()) {
@@ -125,8 +151,13 @@ void rescue::tidy()
     QList<Copy> newest;
     QList<Copy> others;
     qint64 total = 0;
-    for (const auto &[name, list] : copiesIn(folderPath())) {
-        for (const Copy &copy : list)
+    // Each backup has a name of its own; all of a language's would be the newest of their names, for ever.
+    Copies ofVocabularies;
+    for (const auto &[name, list] : copiesIn(folderPath()))
+        ofVocabularies[withoutStamps(name)] += list;
+    for (auto &[name, list] : ofVocabularies) {
+        std::sort(list.begin(), list.end(), isNewer);
+        for (const Copy &copy : std::as_const(list))
             total += copy.size;
         newest.append(list.first());
         others += list.sliced(1);

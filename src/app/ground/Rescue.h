@@ -14,16 +14,16 @@ namespace rescue {
 QString folderPath();
 
 /**
- * Keeps the bytes under the file's name and the present time, unless the newest copy of that name holds the
- * same. Returns whether a copy of them exists now.
+ * Keeps the bytes under the file's name, which is cut where it is too long, and the present time, unless the
+ * newest copy of that name holds the same. Returns whether a copy of them exists now.
  */
 bool keep(const QString &fileName, const QByteArray &bytes);
 /** The same for a file as it stands. */
 bool keepFile(const QString &path);
 
 /**
- * Drops copies of more than 90 days, but not the newest of a name; then, while the folder is larger than 256
- * MiB, the oldest, those that are the newest of their names last.
+ * Drops copies of more than 90 days, but not the newest of a vocabulary and its backups; then, while the
+ * folder is larger than 256 MiB, the oldest, those newest ones last.
  */
 void tidy();
 

@@ -11,6 +11,8 @@
 #include <QLocalSocket>
 #include <QThread>
 
+#include <cerrno>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -62,6 +64,9 @@ SingleInstance::Role SingleInstance::start(std::chrono::milliseconds patience)
             listen();
             return Role::first;
         }
+        // Not every file system knows locks.
+        if (errno != EWOULDBLOCK && errno != EINTR)
+            return Role::unwritable;
         if (callFirst(int(deadline.remainingTime())))
             return Role::second;
         QThread::msleep(pauseInMs);

@@ -27,7 +27,7 @@ public:
         second,
         /** Another runs but doesn't answer. */
         blocked,
-        /** The folder can't be written to, so that nobody knows. */
+        /** The folder can't be written to, or its file system knows no locks, so that nobody knows. */
         unwritable
     };
 

@@ -221,12 +221,12 @@ try {
     const ColorProfile *profile = m_colorsEnabled ? profileFor(message) : nullptr;
 
     // One gather-write, so that the lines of several writers do not interleave.
-    const auto piece = [](const QByteArray &bytes) {
-        return iovec{const_cast<char *>(bytes.constData()), size_t(bytes.size())};
+    const auto piece = [](QByteArrayView bytes) {
+        return iovec{const_cast<char *>(bytes.data()), size_t(bytes.size())};
     };
-    const QByteArray none;
-    const std::array<iovec, 5> pieces{piece(profile ? profile->start : none), piece(prefix), piece(text),
-                                      piece(lineEnd), piece(profile ? profile->end : none)};
+    const QByteArrayView start = profile ? QByteArrayView(profile->start) : QByteArrayView();
+    const QByteArrayView end = profile ? QByteArrayView(profile->end) : QByteArrayView();
+    const std::array<iovec, 5> pieces{piece(start), piece(prefix), piece(text), piece(lineEnd), piece(end)};
     ssize_t written = 0;
     do {
         written = writev(m_fileDescriptor, pieces.data(), int(pieces.size()));

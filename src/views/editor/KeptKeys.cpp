@@ -1,5 +1,6 @@
 #include "views/editor/KeptKeys.h"
 
+#include "platform/MainDispatcher.h"
 #include "platform/Services.h"
 #include "widgets/KeyReleases.h"
 
@@ -93,8 +94,12 @@ void KeptKeys::deliver()
     end();
     m_isDelivering = true;
     size_t next = 0;
+    const platform::MainDispatcher &dispatcher = *platform::services().mainDispatcher;
+    const quint64 alertsBefore = dispatcher.timesClosed();
+    const auto hasAlertStood = [&] { return dispatcher.timesClosed() != alertsBefore; };
     // A Return among them may ask for the panel of the next word, to which the rest belongs.
-    while (next < m_keys.size() && !m_isKeeping && m_panel->isVisible() && m_panel->focusWidget()) {
+    while (next < m_keys.size() && !m_isKeeping && !hasAlertStood() && m_panel->isVisible() &&
+           m_panel->focusWidget()) {
         const std::unique_ptr<QKeyEvent> press = std::move(m_keys[next++]);
         QKeyEvent release(QEvent::KeyRelease, press->key(), press->modifiers(), press->text());
         const QPointer<QWidget> target = m_panel->focusWidget();
@@ -104,7 +109,7 @@ void KeptKeys::deliver()
     }
     m_isDelivering = false;
     m_keys.erase(m_keys.begin(), m_keys.begin() + std::ptrdiff_t(std::min(next, m_keys.size())));
-    if (!m_isKeeping)
+    if (!m_isKeeping || hasAlertStood())
         m_keys.clear();
 }
 
