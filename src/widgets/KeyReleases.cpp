@@ -33,6 +33,8 @@ bool KeyReleases::eventFilter(QObject *watched, QEvent *event)
 
 bool KeyReleases::isRepeat(const QKeyEvent &press) const
 {
-    return platform::services().desktop->sendsRepeatsAsPresses() && m_repeatTime != 0 &&
-           press.key() == m_key && press.timestamp() == m_repeatTime;
+    // Another filter of the application may ask before this one has seen the press.
+    const quint64 time = press.spontaneous() ? m_time : m_repeatTime;
+    return platform::services().desktop->sendsRepeatsAsPresses() && time != 0 && press.key() == m_key &&
+           press.timestamp() == time;
 }

@@ -118,6 +118,23 @@ TEST_F(AddingTest, APressElsewhereOrADropEndsItWithoutATrace)
         EXPECT_EQ(saved(), italian);
     }
     EXPECT_EQ(vocabulary()->findWordByID(1001)->tagsSorted(), QStringList{u"pet"_s});
+    // Commands by keyboard whose save would take the empty word along.
+    Importer importer;
+    hub->setImporter(&importer);
+    const QList<std::function<void()>> commands = {
+        [&] { menuItem("undo")->trigger(); },
+        [&] {
+            menuItem("import")->trigger();
+            hub->importDidEnd(&importer);
+        },
+    };
+    for (const auto &command : commands) {
+        table()->setFocus();
+        words()->showAddWordPanel();
+        command();
+        EXPECT_EQ(saved(), italian);
+        EXPECT_FALSE(editor()->isInAddingMode());
+    }
     // A press into the panel itself ends nothing.
     words()->showAddWordPanel();
     QTest::mouseClick(foreign(), Qt::LeftButton);
