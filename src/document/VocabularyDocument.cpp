@@ -87,13 +87,15 @@ EditOutcome VocabularyDocument::editWord(Change change, TAVLexiconRef vocabulary
     // A word of the panel may have gone, as by a deletion whose save failed.
     if (word->weakVocForSort() == vocabulary && !vocabulary->allWords().contains(word))
         vocabulary->restoreWords({word});
+    // In a list shown from its end, the row of a new word is another word's, which is overwritten then.
+    const bool isNew = change == Change::WordsAdded && isWithoutText(*word);
     const EditRecorder recorder(*vocabulary, {word});
     if (WordEdits::holdsSeveral(typed))
         WordEdits::applyPairs(*vocabulary, word, typed);
     else
         WordEdits::applyToWord(*word, typed);
     UndoStep step = recorder.step(UndoStep::Kind::Edit);
-    if (change == Change::WordsEdited)
+    if (!isNew)
         step.number = remember(*vocabulary, step);
     return {commit(change, std::move(vocabulary)), std::move(step)};
 }

@@ -162,13 +162,6 @@ TAVWordRef TAVLexicon::findWordEqualTo(const TAVWord &word) const
     return found != m_allWords.end() ? *found : nullptr;
 }
 
-bool TAVLexicon::containsOtherWordEqualTo(const TAVWord &word, const TAVWordRef &leftOut) const
-{
-    return std::any_of(m_allWords.begin(), m_allWords.end(), [&](const TAVWordRef &candidate) {
-        return candidate != leftOut && candidate->isEqualToWord(word);
-    });
-}
-
 TAVWordRef TAVLexicon::findWordByID(qint64 creationID) const
 {
     const auto found =

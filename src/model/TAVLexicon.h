@@ -75,8 +75,6 @@ public:
     /** The first in the present order, or absent. */
     TAVWordRef findWordEqualTo(const TAVWord &word) const;
     bool containsWordEqualTo(const TAVWord &word) const { return findWordEqualTo(word) != nullptr; }
-    /** Leaves that one word out. */
-    bool containsOtherWordEqualTo(const TAVWord &word, const TAVWordRef &leftOut) const;
     TAVWordRef findWordByID(qint64 creationID) const;
     bool containsWordWithID(qint64 creationID) const { return findWordByID(creationID) != nullptr; }
 

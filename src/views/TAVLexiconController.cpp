@@ -499,6 +499,8 @@ void TAVLexiconController::undo()
     if (!canUndo() || !vocabulary())
         return;
     m_view->undoLine().hide();
+    // The save would write the empty word of an open addition to the file.
+    m_newWord->cancel();
     const bool isDone = m_document.undo().has_value();
     emit undoChanged();
     // What an open editor shows may be what has changed.

@@ -336,6 +336,8 @@ void TAVMainWindowController::addNewWord()
 
 void TAVMainWindowController::import()
 {
+    // Each end of an import saves, and would write the empty word of an open addition to the file.
+    m_vocabularyController->closeAddWordPopover();
     if (m_importer)
         m_importer->showOpenSheetWithVocabulary(vocabulary(), this);
 }

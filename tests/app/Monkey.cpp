@@ -145,6 +145,8 @@ void Monkey::clickAButton()
     QAbstractButton *button = buttons.at(random(int(buttons.size())));
     m_actions += u" "_s + button->objectName();
     m_services.alerts.answerNext(random(2));
+    if (button->objectName() == u"undoButton"_s)
+        noteUndo();
     QTest::mouseClick(button, Qt::LeftButton);
 }
 
@@ -224,6 +226,8 @@ void Monkey::switchLanguage()
     if (!popUp->isEnabled() || popUp->count() < 2)
         return;
     popUp->setCurrentIndex(random(2));
+    // The same language is read from its file again.
+    m_mayReplaceWords = m_isFileBehind;
     emit popUp->activated(popUp->currentIndex());
 }
 
@@ -313,15 +317,21 @@ void Monkey::removeDuplicates()
     words().deleteDuplicates();
 }
 
+void Monkey::noteUndo()
+{
+    if (!words().canUndo())
+        return;
+    const UndoStep &step = m_composition->document().history().last();
+    for (const WordIdentity &word : step.added)
+        m_removedByUser.insert(nameOf(word.creationID, word.yourWord, word.foreignWord));
+    for (const auto &changed : step.changed)
+        m_removedByUser.insert(
+            nameOf(changed.word.creationID, changed.word.yourWord, changed.word.foreignWord));
+}
+
 void Monkey::undo()
 {
-    if (words().canUndo()) {
-        for (const WordIdentity &word : m_composition->document().history().last().added)
-            m_removedByUser.insert(nameOf(word.creationID, word.yourWord, word.foreignWord));
-        for (const auto &changed : m_composition->document().history().last().changed)
-            m_removedByUser.insert(
-                nameOf(changed.word.creationID, changed.word.yourWord, changed.word.foreignWord));
-    }
+    noteUndo();
     words().undo();
 }
 
@@ -373,7 +383,7 @@ QMap<QString, QString> Monkey::answers()
 void Monkey::noteStep()
 {
     const UndoStep &step = m_composition->document().history().last();
-    const bool isMirrored = words().sortDescending();
+    const bool isMirrored = m_wasDescending || words().sortDescending();
     // A cancelled addition takes away a word of the user's only by the mirrored row.
     if (step.kind == UndoStep::Kind::UnsavedTexts)
         return;
@@ -395,6 +405,7 @@ void Monkey::check(const QString &action)
     checkWords();
     checkAnswers();
     checkFile();
+    m_wasDescending = words().sortDescending() || (m_wasDescending && words().wordEditor()->isInAddingMode());
     m_lastVocabulary = vocabulary();
     m_lastWords = wordsInMemory();
     m_lastAnswers = answers();

@@ -67,6 +67,8 @@ private:
     void deleteWords();
     void removeDuplicates();
     void undo();
+    /** What is taken back goes by the user's will. */
+    void noteUndo();
     void sort();
     void startAQuiz();
 
@@ -93,6 +95,8 @@ private:
     QSet<QString> m_removedByUser;
     bool m_mayReplaceWords = false;
     bool m_mayAnswer = false;
+    /** The list was turned round when the editor was opened for a new word, or is now. */
+    bool m_wasDescending = false;
     /** Memory is ahead of the file, or the file of memory, as told. */
     bool m_isFileBehind = false;
     QString m_actions;

@@ -4,6 +4,7 @@
 #include "quiz/forms/TAVFlashCardQuizController.h"
 
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSlider>
@@ -182,6 +183,47 @@ TEST_F(FlashCardQuizTest, SpaceAndArrowsBelongToAFocusedControl)
         EXPECT_TRUE(isDone());
     }
     EXPECT_EQ(m_cards.run().numberOfCorrect(), 1) << "the mark alone";
+}
+
+TEST_F(FlashCardQuizTest, AKeyThatIsHeldDownBooksNothing)
+{
+    services.desktop.repeatsArePresses = true;
+    startCards(threeWords());
+    const auto repeat = [this](Qt::Key key, quint64 time) {
+        sendKey(QEvent::KeyRelease, key, time);
+        QKeyEvent override(QEvent::ShortcutOverride, key, Qt::NoModifier);
+        override.setTimestamp(time);
+        override.ignore();
+        QSpontaneKeyEvent::setSpontaneous(&override);
+        qApp->notify(QApplication::focusWidget(), &override);
+        // A key that nobody claims becomes a shortcut.
+        if (!override.isAccepted())
+            press(key);
+    };
+    press(Qt::Key_Space);
+    pass();
+    for (quint64 time = 6500; time < 8000; time += 33)
+        repeat(Qt::Key_Space, time);
+    pass();
+    EXPECT_EQ(m_cards.run().numberOfAnswers(), 0);
+    EXPECT_TRUE(m_cards.isShowingSolution());
+    press(Qt::Key_Space);
+    pass();
+    EXPECT_EQ(m_cards.run().numberOfAnswers(), 1);
+}
+
+TEST_F(FlashCardQuizTest, AWordThatIsDeletedAfterItWasBookedLeavesTheNextCardAlone)
+{
+    const TAVWordList words = threeWords();
+    startCards(words);
+    clickCard();
+    m_cards.editCurrentWord();
+    clickCard();
+    clickCard();
+    m_cards.wordPopoverDidDeleteWords({words[0]});
+    EXPECT_FALSE(shows("deletedImageView"));
+    EXPECT_TRUE(on<QPushButton>(card, "editButton")->isEnabled());
+    EXPECT_EQ(m_cards.currentWord(), words[1]);
 }
 
 TEST_F(FlashCardQuizTest, AutoplayPausesWhileTheWindowIsOnAnotherDesktop)

@@ -157,6 +157,15 @@ TEST_F(TypingQuizTest, WhatIsTypedWhileAStepIsPendingBelongsToTheNextAnswer)
     answer("");
     EXPECT_EQ(m_typing.run().numberOfCorrect(), 2);
 
+    // A second press comes before the first has brought the next question.
+    startThree();
+    type("dog");
+    m_typing.next();
+    type("cat");
+    m_typing.next();
+    pass();
+    EXPECT_EQ(m_typing.run().numberOfCorrect(), 2);
+
     const std::function<void()> interruptions[] = {
         [this] { onCard<QWidget>("nextButton")->setFocus(); },
         [this] { m_setup.showQuiz(); },

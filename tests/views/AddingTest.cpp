@@ -4,6 +4,8 @@
 #include "widgets/M3TokenCloud.h"
 
 #include <QClipboard>
+#include <QKeyEvent>
+#include <QtTest/qtestspontaneevent.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -116,6 +118,23 @@ TEST_F(AddingTest, APressElsewhereOrADropEndsItWithoutATrace)
         EXPECT_EQ(saved(), italian);
     }
     EXPECT_EQ(vocabulary()->findWordByID(1001)->tagsSorted(), QStringList{u"pet"_s});
+    // Commands by keyboard whose save would take the empty word along.
+    Importer importer;
+    hub->setImporter(&importer);
+    const QList<std::function<void()>> commands = {
+        [&] { menuItem("undo")->trigger(); },
+        [&] {
+            menuItem("import")->trigger();
+            hub->importDidEnd(&importer);
+        },
+    };
+    for (const auto &command : commands) {
+        table()->setFocus();
+        words()->showAddWordPanel();
+        command();
+        EXPECT_EQ(saved(), italian);
+        EXPECT_FALSE(editor()->isInAddingMode());
+    }
     // A press into the panel itself ends nothing.
     words()->showAddWordPanel();
     QTest::mouseClick(foreign(), Qt::LeftButton);
@@ -158,6 +177,25 @@ TEST_F(AddingTest, WhatIsTypedTooEarlyGoesIntoTheWordInOrder)
         italian + QStringList{u"bread-pane"_s, u"one-uno"_s, u"two-due"_s, u"three-tre"_s, u"four-quattro"_s};
     expected.sort();
     EXPECT_EQ(saved(), expected);
+}
+
+TEST_F(AddingTest, AReturnThatIsHeldDownEntersNothingForTheNextWord)
+{
+    services.desktop.repeatsArePresses = true;
+    startWith(makeItalian());
+    table()->setFocus();
+    words()->showAddWordPanel();
+    for (quint64 time = 6500; time < 7500; time += 100) {
+        for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+            QKeyEvent repeat(type, Qt::Key_Return, Qt::NoModifier);
+            repeat.setTimestamp(time);
+            QSpontaneKeyEvent::setSpontaneous(&repeat);
+            qApp->notify(QApplication::focusWidget(), &repeat);
+        }
+        passTime(100ms);
+    }
+    EXPECT_TRUE(services.alerts.shown.isEmpty());
+    EXPECT_TRUE(editor()->isInAddingMode());
 }
 
 TEST_F(AddingTest, AnAlertEndsWhatWasTypedAhead)

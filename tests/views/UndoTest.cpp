@@ -205,6 +205,69 @@ TEST_F(UndoTest, WhatWasTypedAndNotSavedCanBeBroughtBack)
     EXPECT_EQ(pairs().size(), 3) << "nothing was typed, so nothing is kept of that panel";
 }
 
+TEST_F(UndoTest, TheMirroredWordThatANewOneOverwritesComesBack)
+{
+    const TAVLexiconRef italian = makeItalian();
+    addWord(italian, "zebra", "zebra");
+    addWord(italian, "zoo", "due@tre");
+    startWith(italian);
+    words()->didClickTableColumn(WordTableModel::YourWord);
+    for (const char *typed : {"gatto", "due@tre"}) {
+        words()->showAddWordPanel();
+        const TAVWordRef other = words()->selectedWord();
+        const QString pair = other->yourWord() + u'-' + other->foreignWord() + u'/';
+        ASSERT_NE(pair, u"-/"_s);
+        type(QLatin1String(typed));
+        click("addButton");
+        const auto holds = [&] { return pairs().join(u' ').contains(pair); };
+        EXPECT_FALSE(holds());
+        words()->undo();
+        EXPECT_TRUE(holds());
+    }
+}
+
+TEST_F(UndoTest, AReloadTakesNothingAwayWhoseSaveFailed)
+{
+    startWith(makeItalian());
+    const QString name = vocabulary()->foreignLanguageName();
+    const auto failToSave = [&](const char *button) {
+        vocabulary()->setForeignLanguageName(u"../Italian"_s);
+        click(button);
+        vocabulary()->setForeignLanguageName(name);
+        ASSERT_TRUE(words()->wordEditor()->isPanelVisible());
+    };
+    const QString edits[] = {u"gatto"_s, u"gatto@gatta"_s};
+    for (const QString &edit : edits) {
+        SCOPED_TRACE(edit.toStdString());
+        const QStringList before = pairs();
+        select("dog");
+        type(edit);
+        failToSave("okButton");
+        words()->reloadVocabularyFromDisk();
+        EXPECT_EQ(line(), u"The changes to ‘cane’ weren’t saved · Bring back"_s);
+        EXPECT_EQ(pairs(), before);
+        words()->deselectWords();
+        words()->undo();
+        EXPECT_NE(pairs(), before);
+        EXPECT_TRUE(pairs().join(u' ').contains(u"gatto"_s));
+        words()->undo();
+        EXPECT_EQ(pairs(), before);
+
+        words()->showAddWordPanel();
+        type(edit);
+        control<QLineEdit>("yourLangWordTextField")->setText(u"cat"_s);
+        failToSave("addButton");
+        words()->reloadVocabularyFromDisk();
+        EXPECT_TRUE(words()->wordEditor()->isInAddingMode());
+        words()->wordEditor()->closeWordPanel(nullptr);
+        EXPECT_EQ(pairs(), before);
+        words()->undo();
+        EXPECT_TRUE(pairs().join(u' ').contains(u"gatto"_s));
+        words()->undo();
+        EXPECT_EQ(pairs(), before);
+    }
+}
+
 TEST_F(UndoTest, TheMirroredWordThatEscapeRemovesComesBack)
 {
     const TAVLexiconRef italian = makeItalian();

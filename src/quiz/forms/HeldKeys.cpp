@@ -32,7 +32,7 @@ bool HeldKeys::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide)
         drop();
-    if (!isText(*event) || !m_isHolding())
+    if (m_isTyping || !isText(*event) || !m_isHolding())
         return QObject::eventFilter(watched, event);
     const platform::MainDispatcher &dispatcher = *platform::services().mainDispatcher;
     if (!dispatcher.isGateClosed()) {
@@ -49,6 +49,9 @@ void HeldKeys::typeIntoField()
     const auto held = std::exchange(m_held, {});
     if (m_alertsBefore != platform::services().mainDispatcher->timesClosed())
         return;
+    // Another step may be pending already; these keys are the answer that it will judge.
+    m_isTyping = true;
     for (const auto &event : held)
         QCoreApplication::sendEvent(m_field, event.get());
+    m_isTyping = false;
 }

@@ -34,6 +34,7 @@ private:
 
     QLineEdit *m_field;
     std::function<bool()> m_isHolding;
+    bool m_isTyping = false;
     std::vector<std::unique_ptr<QEvent>> m_held;
     /** How often alerts had stood when the first key was held. */
     quint64 m_alertsBefore = 0;

@@ -1,6 +1,6 @@
 #include "quiz/forms/ReturnKey.h"
 
-#include "quiz/forms/KeyReleases.h"
+#include "widgets/KeyReleases.h"
 
 #include <QApplication>
 #include <QKeyEvent>

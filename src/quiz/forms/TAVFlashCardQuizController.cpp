@@ -13,6 +13,7 @@
 #include "widgets/CardFlip.h"
 #include "widgets/CardText.h"
 #include "widgets/Icons.h"
+#include "widgets/KeyReleases.h"
 #include "widgets/TAVCardView.h"
 
 #include <QKeyEvent>
@@ -36,6 +37,7 @@ TAVFlashCardQuizController::TAVFlashCardQuizController(QuizView *view, Vocabular
     : m_view(view)
     , m_ui(std::make_unique<Ui::TAVFlashCardQuiz>())
     , m_run(*this, document)
+    , m_keyReleases(KeyReleases::ofApplication())
 {
     QWidget *page = m_view->page(QuizView::flashCardPage);
     m_ui->setupUi(page);
@@ -158,6 +160,12 @@ bool TAVFlashCardQuizController::eventFilter(QObject *watched, QEvent *event)
 {
     QWidget *page = m_view->page(QuizView::flashCardPage);
     if (watched != page && watched != m_view->result() && isKeyOfControl(*event)) {
+        event->accept();
+        return true;
+    }
+    // A key that is held down would run through the words; its repeats mustn't become shortcuts.
+    if (watched == page && event->type() == QEvent::ShortcutOverride &&
+        m_keyReleases->isRepeat(*static_cast<QKeyEvent *>(event))) {
         event->accept();
         return true;
     }
@@ -546,11 +554,13 @@ void TAVFlashCardQuizController::wordPopoverDidEditWords(const TAVWordList &word
 
 void TAVFlashCardQuizController::wordPopoverDidDeleteWords(const TAVWordList &words)
 {
-    m_ui->editButton->setEnabled(false);
-    m_ui->deletedImageView->show();
     m_editor->hidePanel();
-    if (words.contains(currentWord()))
+    // The run may have moved on while the editor was open.
+    if (words.contains(currentWord())) {
+        m_ui->editButton->setEnabled(false);
+        m_ui->deletedImageView->show();
         showNext();
+    }
     m_run.forgetWords(words);
 }
 

@@ -11,6 +11,7 @@
 #include <memory>
 
 class FlashCardRestart;
+class KeyReleases;
 class QAbstractButton;
 class TAVWordPopoverController;
 class VocabularyDocument;
@@ -113,6 +114,7 @@ private:
     bool m_isQuestionComing = false;
     bool m_isAutoPlay = false;
     FlashCardPace m_pace;
+    const KeyReleases *m_keyReleases;
     std::unique_ptr<platform::Timer> m_autoPlayTimer;
     std::unique_ptr<platform::Timer> m_showNextTimer;
 };

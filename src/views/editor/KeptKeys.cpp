@@ -2,6 +2,7 @@
 
 #include "platform/MainDispatcher.h"
 #include "platform/Services.h"
+#include "widgets/KeyReleases.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -23,7 +24,7 @@ bool isTyped(const QKeyEvent &key)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         // A key that is still held down from the last word has nothing to say about the next one.
-        return !key.isAutoRepeat();
+        return !key.isAutoRepeat() && !KeyReleases::ofApplication()->isRepeat(key);
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
     case Qt::Key_Backspace:

@@ -9,6 +9,7 @@
 #include "ui_TAVWordPopover.h"
 #include "views/editor/KeptKeys.h"
 #include "widgets/ArrowPopup.h"
+#include "widgets/KeyReleases.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -35,6 +36,7 @@ TAVWordPopoverController::TAVWordPopoverController(QWidget *parentWidget, Vocabu
     , m_ui(std::make_unique<Ui::TAVWordPopover>())
     , m_popup(new ArrowPopup(parentWidget))
     , m_document(document)
+    , m_keyReleases(KeyReleases::ofApplication())
 {
     auto *panel = new QWidget;
     m_ui->setupUi(panel);
@@ -291,8 +293,9 @@ bool TAVWordPopoverController::save()
     const Change change = m_isInAddingMode ? Change::WordsAdded : Change::WordsEdited;
     if (m_failedEdit && m_failedEdit->content == typed)
         return m_document.commit(change, m_vocabulary).isSaved;
-    // Pairs that the failed try has made would stay beside those of this one.
-    if (m_failedEdit && WordEdits::holdsSeveral(m_failedEdit->content)) {
+    // Pairs that the failed try has made would stay beside those of this one, and what it made of a new word
+    // would look like another word with the same texts.
+    if (m_failedEdit && (m_isInAddingMode || WordEdits::holdsSeveral(m_failedEdit->content))) {
         m_document.withdraw(*m_vocabulary, m_failedEdit->step);
         m_failedEdit.reset();
     }
@@ -322,10 +325,7 @@ bool TAVWordPopoverController::refuseAsDuplicate(const WordEdits::Content &typed
     const TAVWordRef word = m_selectedWords.last();
     const TAVWord scratch(typed.yourWord, typed.foreignWord, typed.comment);
     const bool isEmpty = scratch.yourWord().isEmpty() && scratch.foreignWord().isEmpty();
-    // After a failed save the word itself stands there; it is no duplicate of itself.
-    const bool isThere = m_failedEdit ? m_vocabulary->containsOtherWordEqualTo(scratch, word)
-                                      : m_vocabulary->containsWordEqualTo(scratch);
-    if (!isThere && !isEmpty)
+    if (!isEmpty && !m_vocabulary->containsWordEqualTo(scratch))
         return false;
     m_document.cancelAddition(m_vocabulary, {word});
     platform::services().alerts->show({platform::localized("Vocabulary", "addDuplicateTitle"),
@@ -370,14 +370,30 @@ void TAVWordPopoverController::end()
     m_shownContent = content();
 }
 
+void TAVWordPopoverController::withdrawFailedEdit()
+{
+    if (!m_failedEdit)
+        return;
+    const WordEdits::Content typed = m_popup->isVisible() ? content() : m_failedEdit->content;
+    // By the texts of the file its words can be found again.
+    m_document.withdraw(*m_vocabulary, m_failedEdit->step);
+    m_failedEdit.reset();
+    if (m_isInAddingMode)
+        m_document.rememberUnsavedAddition(*m_vocabulary, typed);
+    else
+        m_document.rememberUnsaved(*m_vocabulary, m_selectedWords, typed, variousTexts());
+    m_shownContent = content();
+}
+
 void TAVWordPopoverController::updateVocabulary(const TAVLexiconRef &vocabulary)
 {
-    if (m_isActive && m_vocabulary)
+    if (m_isActive && m_vocabulary) {
+        withdrawFailedEdit();
         rememberUnsavedTexts();
+    }
     m_vocabulary = vocabulary;
     if (!m_isActive || !m_vocabulary)
         return;
-    m_failedEdit.reset();
     TAVWordList kept = WordEdits::counterparts(m_selectedWords, *m_vocabulary);
     if (kept.isEmpty() && m_isInAddingMode && m_selectedWords.size() == 1) {
         m_vocabulary->addWord(m_selectedWords.first());
@@ -415,7 +431,7 @@ bool TAVWordPopoverController::handleKey(const QKeyEvent &event)
     case Qt::Key_Return:
     case Qt::Key_Enter: {
         // A Return that is held down would run through one word after the other.
-        if (event.isAutoRepeat())
+        if (event.isAutoRepeat() || m_keyReleases->isRepeat(event))
             return true;
         auto *focused = qobject_cast<QPushButton *>(m_popup->focusWidget());
         if (event.modifiers().testFlag(Qt::ControlModifier) && m_ui->addButton->isEnabled())

@@ -17,6 +17,7 @@
 
 class ArrowPopup;
 class KeptKeys;
+class KeyReleases;
 class QKeyEvent;
 class QWidget;
 class VocabularyDocument;
@@ -103,6 +104,8 @@ private:
     bool refuseAsDuplicate(const WordEdits::Content &typed);
     /** Keeps what a second try has to know. */
     bool endTry(const EditOutcome &outcome, const WordEdits::Content &typed);
+    /** The edit whose save failed goes with its vocabulary; what was typed must not. */
+    void withdrawFailedEdit();
     bool handleKey(const QKeyEvent &event);
     void end();
     void switchKeyboardTo(const platform::InputSourceRef &source);
@@ -124,6 +127,7 @@ private:
     /** The keyboard is not as the user has left it. */
     bool m_hasSwitchedKeyboard = false;
     std::unique_ptr<KeptKeys> m_keptKeys;
+    const KeyReleases *m_keyReleases;
     std::function<void()> m_quizSelected;
     /** What the panel was filled with, or has saved; tells whether there is anything to lose. */
     WordEdits::Content m_shownContent;

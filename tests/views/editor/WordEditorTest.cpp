@@ -2,8 +2,10 @@
 
 #include <QClipboard>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QTest>
+#include <QtTest/qtestspontaneevent.h>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -105,6 +107,14 @@ TEST_F(WordEditorTest, ReturnSavesOnceHoweverLongItIsHeld)
     add();
     foreign()->setText(u"gatto"_s);
     press(Qt::Key_Return, {}, true);
+    EXPECT_TRUE(takeMessages().isEmpty());
+    services.desktop.repeatsArePresses = true;
+    for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+        QKeyEvent repeat(type, Qt::Key_Return, Qt::NoModifier);
+        repeat.setTimestamp(6500);
+        QSpontaneKeyEvent::setSpontaneous(&repeat);
+        qApp->notify(QApplication::focusWidget(), &repeat);
+    }
     EXPECT_TRUE(takeMessages().isEmpty());
     press(Qt::Key_Return);
     EXPECT_EQ(takeMessages(), u"added-more:1"_s);

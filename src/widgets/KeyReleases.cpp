@@ -1,4 +1,4 @@
-#include "quiz/forms/KeyReleases.h"
+#include "widgets/KeyReleases.h"
 
 #include "platform/Services.h"
 
@@ -23,7 +23,7 @@ bool KeyReleases::eventFilter(QObject *watched, QEvent *event)
         const auto *release = static_cast<QKeyEvent *>(event);
         m_key = release->key();
         m_time = release->timestamp();
-    } else if (event->type() == QEvent::KeyPress) {
+    } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
         const auto *press = static_cast<QKeyEvent *>(event);
         const bool isRepeat = press->key() == m_key && press->timestamp() == m_time;
         m_repeatTime = isRepeat ? m_time : 0;
@@ -33,6 +33,8 @@ bool KeyReleases::eventFilter(QObject *watched, QEvent *event)
 
 bool KeyReleases::isRepeat(const QKeyEvent &press) const
 {
-    return platform::services().desktop->sendsRepeatsAsPresses() && m_repeatTime != 0 &&
-           press.key() == m_key && press.timestamp() == m_repeatTime;
+    // Another filter of the application may ask before this one has seen the press.
+    const quint64 time = press.spontaneous() ? m_time : m_repeatTime;
+    return platform::services().desktop->sendsRepeatsAsPresses() && time != 0 && press.key() == m_key &&
+           press.timestamp() == time;
 }
