@@ -20,6 +20,8 @@ constexpr int heightOfRows = 27;
 constexpr int minColumnWidth = 48;
 constexpr int maxColumnWidth = 4000;
 constexpr int fontSize = 13;
+/** More than any cell has room for; laying out megabytes of a comment takes seconds. */
+constexpr qsizetype maxShownLength = 1000;
 constexpr std::array<int, WordTableModel::ColumnCount> usualWidths{200, 200, 170, 140, 110};
 
 /** Part of the way from the background to the text; the same grey in a light and its mirror in a dark
@@ -42,6 +44,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
+        option->text.truncate(maxShownLength);
         const bool isTags = index.column() == WordTableModel::Tags;
         const bool dontAskAgain = !isTags && index.data(WordTableModel::DontAskAgainRole).toBool();
         option->font = QFont(QStringLiteral("Helvetica"));

@@ -27,8 +27,8 @@ TAVLanguageTextField::TAVLanguageTextField(QWidget *parent)
         }
         if (clean == typed)
             return;
-        const auto place = int(clean.size() - meant.size()) +
-                           (meant == typed ? cursorPosition() : int(meant.size()));
+        const auto place =
+            int(clean.size() - meant.size()) + (meant == typed ? cursorPosition() : int(meant.size()));
         setText(clean);
         m_lastText = clean;
         setModified(true);
