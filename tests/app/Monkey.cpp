@@ -374,9 +374,13 @@ QMap<QString, QString> Monkey::answers()
     QMap<QString, QString> all;
     if (!vocabulary())
         return all;
-    for (const TAVWordRef &word : vocabulary()->allWords())
+    // Of several empty words one may go, and the next one would look like the same.
+    for (const TAVWordRef &word : vocabulary()->allWords()) {
+        if (word->yourWord().isEmpty() && word->foreignWord().isEmpty())
+            continue;
         all.insert(nameOf(word->creationID(), word->yourWord(), word->foreignWord()),
                    word->lastAsked().toString() + u' ' + QString::number(word->level()));
+    }
     return all;
 }
 
@@ -433,8 +437,10 @@ void Monkey::checkWords()
 
 void Monkey::checkAnswers()
 {
-    const bool isSeen = hub().selectedTab() == MainTab::Quiz || windows().size() > 1;
-    if (m_lastVocabulary != vocabulary() || m_mayAnswer || isSeen)
+    // A panel that takes an answer may hide with it.
+    const bool wasSeen = m_isQuizSeen;
+    m_isQuizSeen = hub().selectedTab() == MainTab::Quiz || windows().size() > 1;
+    if (m_lastVocabulary != vocabulary() || m_mayAnswer || wasSeen || m_isQuizSeen)
         return;
     const auto now = answers();
     for (auto it = now.cbegin(); it != now.cend(); ++it)

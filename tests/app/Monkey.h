@@ -95,6 +95,7 @@ private:
     QSet<QString> m_removedByUser;
     bool m_mayReplaceWords = false;
     bool m_mayAnswer = false;
+    bool m_isQuizSeen = false;
     /** The list was turned round when the editor was opened for a new word, or is now. */
     bool m_wasDescending = false;
     /** Memory is ahead of the file, or the file of memory, as told. */
