@@ -2,6 +2,7 @@
 
 #include "views/editor/TAVWordPopoverController.h"
 
+#include <QPushButton>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
