@@ -67,6 +67,11 @@ void shootVocabularyView(Stage &stage)
     stage.shoot(QStringLiteral("editor-one"));
     select(1, 4);
     stage.shoot(QStringLiteral("editor-many"));
+    select(0, 0);
+    stage.vocabularyView().deleteSelectedWords();
+    stage.pass(1);
+    stage.shoot(QStringLiteral("vocabulary-undo"));
+    stage.vocabularyView().undo();
     stage.vocabularyView().deselectWords();
     stage.hub().addNewWord();
     stage.pass(1);
